@@ -1,0 +1,11 @@
+# One target carries the warnings and, where asked for, the sanitizers; every target of the project links it.
+add_library(sanovia_warnings INTERFACE)
+target_compile_options(sanovia_warnings INTERFACE -Wall -Wextra -Wshadow -Wconversion)
+if(SANOVIA_WERROR)
+  target_compile_options(sanovia_warnings INTERFACE -Werror)
+endif()
+if(SANOVIA_SANITIZE)
+  target_compile_options(sanovia_warnings INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all
+                                                   -fno-omit-frame-pointer)
+  target_link_options(sanovia_warnings INTERFACE -fsanitize=address,undefined)
+endif()

@@ -1,0 +1,27 @@
+// A handle on one day's record of any kind, shared with the list that owns it: whoever holds the handle
+// changes the very record that the list shows, also after the list has been loaded anew.
+#pragma once
+
+#include <memory>
+#include <variant>
+
+#include "database/Blood.h"
+#include "database/General.h"
+#include "database/Pressure.h"
+
+namespace sanovia {
+
+// The kinds of record, as they are numbered in the settings and in the menu. Any other number names no kind.
+namespace RecordType {
+inline constexpr qint64 general = 0;
+inline constexpr qint64 pressure = 1;
+inline constexpr qint64 blood = 2;
+}  // namespace RecordType
+
+// Empty (std::monostate) for no record.
+using RecordRef =
+    std::variant<std::monostate, std::shared_ptr<General>, std::shared_ptr<Pressure>, std::shared_ptr<Blood>>;
+
+inline bool isEmpty(const RecordRef& record) { return std::holds_alternative<std::monostate>(record); }
+
+}  // namespace sanovia

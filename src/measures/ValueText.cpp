@@ -1,0 +1,75 @@
+#include "measures/ValueText.h"
+
+#include <type_traits>
+
+#include "foundation/TextFormat.h"
+#include "localisation/Language.h"
+#include "preferences/Preferences.h"
+
+namespace sanovia {
+namespace {
+
+constexpr double kFahrenheitPerCelsius = 1.8;
+constexpr double kFahrenheitAtFreezing = 32.0;
+constexpr double kPoundsPerKilogram = 2.2046;
+constexpr qint64 kBestWellbeing = 3;
+
+QString word(const char* key) { return Language::stringForKey(QString::fromLatin1(key)); }
+
+QString unitText(Measure::Unit unit) {
+  const bool metric = Preferences::isMetric();
+  switch (unit) {
+    case Measure::Unit::Temperature:
+      return word(metric ? "celsius" : "fahrenheit");
+    case Measure::Unit::Weight:
+      return word(metric ? "kg" : "lbs");
+    case Measure::Unit::Fixed:
+      break;
+  }
+  return {};
+}
+
+}  // namespace
+
+QString titleOf(const char* titleKey, Measure::Unit unit) { return word(titleKey) + unitText(unit); }
+
+double shownValue(double stored, Measure::Unit unit) {
+  if (unit == Measure::Unit::Fixed || Preferences::isMetric()) return stored;
+  return unit == Measure::Unit::Temperature ? stored * kFahrenheitPerCelsius + kFahrenheitAtFreezing
+                                            : stored * kPoundsPerKilogram;
+}
+
+QString valueText(const Measure& measure, const RecordRef& record) {
+  const bool isComputed = std::holds_alternative<std::monostate>(measure.member);
+  const std::optional<double> value =
+      isComputed ? bodyMassIndex(record, Preferences::height()) : storedValue(measure, record);
+  if (!value) return {};
+  const auto whole = static_cast<qint64>(*value);
+  switch (measure.display) {
+    case Measure::Display::OneDecimal:
+      return oneDecimal(shownValue(*value, measure.unit));
+    case Measure::Display::Integer:
+      return QString::number(whole);
+    // The list runs from the best word to the worst.
+    case Measure::Display::WellbeingWord:
+      return Language::entryForKey(QStringLiteral("general_array1"), kBestWellbeing - whole);
+    case Measure::Display::AppetiteWord:
+      return Language::entryForKey(QStringLiteral("fistula_array"), whole);
+  }
+  return {};
+}
+
+QString dateText(const RecordRef& record) {
+  const QString date = std::visit(
+      [](const auto& held) {
+        if constexpr (std::is_same_v<std::remove_cvref_t<decltype(held)>, std::monostate>)
+          return QString();
+        else
+          return held->date;
+      },
+      record);
+  return Utils::convertFormat(date, Utils::databaseFormat(),
+                              Utils::dateFormatForMetric(Preferences::isMetric()));
+}
+
+}  // namespace sanovia

@@ -1,0 +1,94 @@
+#include "support/TestHome.h"
+
+#include <sqlite3.h>
+
+#include <QFile>
+#include <QLocale>
+#include <ctime>
+
+#include "database/DBManager.h"
+#include "foundation/Clock.h"
+#include "foundation/Paths.h"
+#include "foundation/SettingsStore.h"
+#include "licensing/Licensing.h"
+#include "localisation/Language.h"
+
+namespace sanovia::test {
+namespace {
+
+QStringList& log() {
+  static QStringList lines;
+  return lines;
+}
+
+void keepLine(QtMsgType, const QMessageLogContext&, const QString& text) { log().append(text); }
+
+void setZone(const QByteArray& zone) {
+  if (zone.isNull())
+    qunsetenv("TZ");
+  else
+    qputenv("TZ", zone);
+  tzset();
+}
+
+}  // namespace
+
+ScopedZone::ScopedZone(const char* zone) : _before(qgetenv("TZ")) {
+  if (!qEnvironmentVariableIsSet("TZ")) _before = QByteArray();
+  setZone(zone);
+}
+
+ScopedZone::~ScopedZone() { setZone(_before); }
+
+QDateTime localTime(const QString& text) { return QDateTime::fromString(text, Qt::ISODate); }
+
+TestHome::TestHome() {
+  qputenv("XDG_DATA_HOME", dataFolder().toUtf8());
+  qputenv("XDG_CONFIG_HOME", configFolder().toUtf8());
+  qInstallMessageHandler(keepLine);
+  setLocale(QStringLiteral("en_US"));
+  setNow(QStringLiteral("2026-11-15T12:00:00"));
+  restart();
+  takeLog();
+}
+
+TestHome::~TestHome() {
+  restart();
+  Clock::setSource({});
+  Paths::setResourceFolder({});
+  Licensing::setTrial(false);
+  qInstallMessageHandler(nullptr);
+}
+
+void TestHome::setNow(const QString& text) {
+  Clock::setSource([moment = localTime(text)] { return moment; });
+}
+
+void TestHome::setLocale(const QString& name) { QLocale::setDefault(QLocale(name)); }
+
+void TestHome::restart() {
+  SettingsStore::closeStandard();
+  DBManager::releaseSharedInstance();
+  Language::restart();
+}
+
+QStringList TestHome::takeLog() { return std::exchange(log(), {}); }
+
+void TestHome::execute(const QString& sql) { query(sql); }
+
+QStringList TestHome::query(const QString& sql) {
+  QStringList rows;
+  sqlite3* database = nullptr;
+  sqlite3_stmt* statement = nullptr;
+  EXPECT_EQ(sqlite3_open(Paths::databaseFile().toUtf8(), &database), SQLITE_OK);
+  EXPECT_EQ(sqlite3_prepare_v2(database, sql.toUtf8(), -1, &statement, nullptr), SQLITE_OK) << qPrintable(sql);
+  int code = SQLITE_DONE;
+  while ((code = sqlite3_step(statement)) == SQLITE_ROW)
+    rows.append(QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(statement, 0))));
+  EXPECT_EQ(code, SQLITE_DONE) << qPrintable(sql);
+  sqlite3_finalize(statement);
+  sqlite3_close(database);
+  return rows;
+}
+
+}  // namespace sanovia::test
