@@ -1,8 +1,9 @@
 #include "foundation/SettingsStore.h"
 
-#include <QLocale>
 #include <QStringList>
 
+#include <array>
+#include <charconv>
 #include <cmath>
 
 #include "foundation/Log.h"
@@ -71,8 +72,11 @@ void SettingsStore::setString(const QString& key, const QString& value) { _setti
 
 void SettingsStore::setInteger(const QString& key, qint64 value) { setString(key, QString::number(value)); }
 
+// The shortest text that reads back to the same number.
 void SettingsStore::setReal(const QString& key, float value) {
-  setString(key, QString::number(value, 'g', QLocale::FloatingPointShortest));
+  std::array<char, 32> text{};
+  const std::to_chars_result end = std::to_chars(text.data(), text.data() + text.size(), value);
+  setString(key, QString::fromLatin1(text.data(), end.ptr - text.data()));
 }
 
 void SettingsStore::setDate(const QString& key, const QDateTime& value) {

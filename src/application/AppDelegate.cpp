@@ -1,0 +1,133 @@
+#include "application/AppDelegate.h"
+
+#include <QApplication>
+#include <QRegularExpression>
+#include <QScreen>
+
+#include "application/MainWindow.h"
+#include "database/Blood.h"
+#include "database/DBManager.h"
+#include "database/General.h"
+#include "database/Pressure.h"
+#include "diary/DateInterval.h"
+#include "foundation/NotificationCenter.h"
+#include "foundation/SettingsStore.h"
+#include "licensing/Licensing.h"
+#include "localisation/Language.h"
+#include "preferences/Preferences.h"
+#include "ui_MainWindow.h"
+
+namespace sanovia {
+namespace {
+
+const QString kType = QStringLiteral("healthInfoType");
+const QString kMode = QStringLiteral("healthInfoMode");
+const QString kFrame = QStringLiteral("SanoviaWindow");
+const QString kTrialTitle = QStringLiteral(" :: (Trial Version)");
+constexpr QSize kLeastSize(800, 800);
+
+AppDelegate* sharedApp = nullptr;
+
+template <class Record>
+bool hasRows(const QString& from, const QString& to) {
+  return DBManager::sharedInstance().countOfRowsInTableBetweenDates(Record::tableName(), Record::dateKey(),
+                                                                    from, to) != 0;
+}
+
+}  // namespace
+
+AppDelegate::AppDelegate() : _window(std::make_unique<MainWindow>()) {
+  Preferences::fillInMissingDefaults();
+  connectOutlets();
+}
+
+AppDelegate::~AppDelegate() {
+  if (sharedApp == this) sharedApp = nullptr;
+}
+
+AppDelegate* AppDelegate::sharedAppDelegate() { return sharedApp; }
+
+void AppDelegate::connectOutlets() {
+  Ui::MainWindow& ui = _window->outlets();
+  ui.chartsView->setIntervalSource({[this] { return getStartDate(); }, [this] { return getEndDate(); }});
+  ui.dataView->setDataSource(ui.chartsView);
+  ui.toolsView->setOutlets({ui.bnGeneral, ui.bnPressure, ui.bnBlood, ui.bnData, ui.bnCharts, ui.chartsView,
+                            ui.chartsScrollView, ui.dataView});
+  connect(ui.bnCalendarFrom, &QAbstractButton::clicked, this,
+          [this] { showCalendarFrom(_window->outlets().bnCalendarFrom); });
+  connect(ui.bnCalendarTo, &QAbstractButton::clicked, this,
+          [this] { showCalendarTo(_window->outlets().bnCalendarTo); });
+  connect(_window.get(), &MainWindow::willClose, this, &AppDelegate::windowWillClose);
+}
+
+void AppDelegate::applicationWillFinishLaunching() {
+  _window->setMinimumSize(kLeastSize);
+  if (!restoreFrame()) _window->resize(kLeastSize);
+}
+
+void AppDelegate::applicationDidFinishLaunching() {
+  Ui::MainWindow& ui = _window->outlets();
+  const SettingsStore& settings = SettingsStore::standard();
+  sharedApp = this;
+  NotificationCenter::defaultCenter().addObserver(this, changeMeasurementsNotification,
+                                                  [this] { setUpCalendarTitle(); });
+  DBManager::sharedInstance();
+  dataIsPresent();
+  Language::setLanguage(Language::language());
+  const qint64 type = settings.integer(kType);
+  const qint64 mode = settings.integer(kMode);
+  DateInterval::testDateInterval();
+  ui.toolsView->changeType(type);
+  ui.toolsView->changeMode(mode);
+  setUpCalendarTitle();
+  ui.chartsView->initValues();
+  ui.dataView->updateData();
+  _window->centralWidget()->update();
+  registerApp();
+}
+
+void AppDelegate::applicationWillTerminate() {
+  SettingsStore& settings = SettingsStore::standard();
+  const ToolsView* tools = _window->outlets().toolsView;
+  settings.setInteger(kType, tools->type());
+  settings.setInteger(kMode, tools->mode());
+  settings.synchronize();
+  Language::clean();
+  const QRect frame =
+      _window->isMaximized() || _window->isFullScreen() ? _window->normalGeometry() : _window->geometry();
+  settings.setString(
+      kFrame,
+      QStringLiteral("%1 %2 %3 %4").arg(frame.x()).arg(frame.y()).arg(frame.width()).arg(frame.height()));
+  settings.synchronize();
+}
+
+void AppDelegate::windowWillClose() { QApplication::quit(); }
+
+// A frame that is unreadable counts as none. One that lies on no screen any more keeps its size alone.
+bool AppDelegate::restoreFrame() {
+  static const QRegularExpression form(QStringLiteral("^(-?\\d{1,6}) (-?\\d{1,6}) (\\d{1,6}) (\\d{1,6})$"));
+  const QRegularExpressionMatch match = form.match(SettingsStore::standard().string(kFrame));
+  if (!match.hasMatch()) return false;
+  const QRect frame(match.captured(1).toInt(), match.captured(2).toInt(), match.captured(3).toInt(),
+                    match.captured(4).toInt());
+  const QRect desk = QGuiApplication::primaryScreen()->availableVirtualGeometry();
+  _window->resize(frame.size().boundedTo(desk.size()).expandedTo(kLeastSize));
+  if (QGuiApplication::screenAt(frame.center()) != nullptr) _window->move(frame.topLeft());
+  return true;
+}
+
+void AppDelegate::dataIsPresent() {
+  const QString from = Utils::convertDate(getStartDate(), Utils::databaseFormat());
+  const QString to = Utils::convertDate(getEndDate(), Utils::databaseFormat());
+  const bool general = hasRows<General>(from, to);
+  const bool pressure = hasRows<Pressure>(from, to);
+  const bool blood = hasRows<Blood>(from, to);
+  _window->outlets().reportOutlet->setEnabled(general || pressure || blood);
+}
+
+void AppDelegate::registerApp() {
+  Licensing::registerApp();
+  if (Licensing::isTrial()) _window->setWindowTitle(_window->windowTitle() + kTrialTitle);
+}
+
+}  // namespace sanovia

@@ -1,0 +1,104 @@
+// The date interval of AppDelegate: everything that is shown covers it.
+#include "application/AppDelegate.h"
+#include "application/MainWindow.h"
+#include "controls/Popover.h"
+#include "dates/Utils.h"
+#include "diary/DateInterval.h"
+#include "foundation/Clock.h"
+#include "foundation/TextFormat.h"
+#include "localisation/Language.h"
+#include "preferences/Preferences.h"
+#include "ui_MainWindow.h"
+
+namespace sanovia {
+namespace {
+
+constexpr qint64 kHour = 3600;
+constexpr qint64 kTwoDays = 172800;
+
+QString intervalText(const char* key, const QString& value) {
+  return filled(Language::stringForKey(QString::fromLatin1(key)), value);
+}
+
+}  // namespace
+
+QDateTime AppDelegate::getStartDate() {
+  QDateTime start = DateInterval::storedStart();
+  if (!start.isValid()) {
+    start = Utils::date2WeeksAgo();
+    saveStartDate(start);
+  }
+  return Utils::dayStart(start);
+}
+
+QDateTime AppDelegate::getEndDate() { return Utils::dayEnd(DateInterval::storedEndOrNow()); }
+
+// The date is stored before anybody hears of it: those who do ask for it in their turn.
+void AppDelegate::saveStartDate(const QDateTime& date) {
+  DateInterval::storeStart(date);
+  _window->outlets().chartsView->setDateFrom();
+  _window->outlets().dataView->updateData();
+  dataIsPresent();
+}
+
+void AppDelegate::saveEndDate(const QDateTime& date) {
+  DateInterval::storeEnd(date);
+  _window->outlets().chartsView->setDateTo();
+  _window->outlets().dataView->updateData();
+  dataIsPresent();
+}
+
+void AppDelegate::setUpCalendarTitle() {
+  const Ui::MainWindow& ui = _window->outlets();
+  const QString format = Utils::dateFormatForMetric(Preferences::isMetric());
+  const QDateTime start = getStartDate();
+  const QDateTime end = getEndDate();
+  const bool isOneDay = start.msecsTo(end) / 1000 + kHour < kTwoDays;
+  const QString days = QString::number(Utils::daysBetweenDate(start, end));
+  ui.dateFieldInterval->setText(intervalText(isOneDay ? "calendar_day" : "calendar_days", days));
+  ui.dateFieldFrom->setText(intervalText("calendar_from", Utils::convertDate(start, format)));
+  ui.dateFieldTo->setText(intervalText("calendar_to", Utils::convertDate(end, format)));
+}
+
+void AppDelegate::createCalendarPopover() {
+  if (_calendarPopover != nullptr) return;
+  _calendarView = new MLCalendarView;
+  _calendarView->setDelegate(this);
+  _calendarPopover = new Popover(_window.get(), _calendarView);
+}
+
+void AppDelegate::showCalendarFrom(QWidget* sender) {
+  createCalendarPopover();
+  _calendarView->setDate(getStartDate());
+  _calendarView->setSelectedDate(getStartDate());
+  _calendarView->setIsFrom(true);
+  _calendarView->setDateMax(getEndDate());
+  _calendarView->setDateMin({});
+  _calendarPopover->showRelativeTo(sender);
+}
+
+void AppDelegate::showCalendarTo(QWidget* sender) {
+  createCalendarPopover();
+  _calendarView->setDate(getEndDate());
+  _calendarView->setSelectedDate(getEndDate());
+  _calendarView->setIsFrom(false);
+  _calendarView->setDateMax(Clock::now());
+  _calendarView->setDateMin(getStartDate());
+  _calendarPopover->showRelativeTo(sender);
+}
+
+void AppDelegate::didSelectDateFrom(const QDateTime& date) {
+  _calendarPopover->closePopover();
+  if (!date.isValid()) return;
+  saveStartDate(date);
+  setUpCalendarTitle();
+}
+
+void AppDelegate::didSelectDateTo(const QDateTime& date) {
+  _calendarPopover->closePopover();
+  if (!date.isValid()) return;
+  saveEndDate(date);
+  setUpCalendarTitle();
+}
+
+}  // namespace sanovia

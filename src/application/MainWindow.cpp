@@ -1,0 +1,37 @@
+#include "application/MainWindow.h"
+
+#include <QCloseEvent>
+#include <QIcon>
+
+#include "controls/Relabelling.h"
+#include "drawing/Fonts.h"
+#include "ui_MainWindow.h"
+
+namespace sanovia {
+namespace {
+
+constexpr int kIntervalPixels = 14;
+
+}  // namespace
+
+MainWindow::MainWindow() : _ui(std::make_unique<Ui::MainWindow>()) {
+  _ui->setupUi(this);
+  setWindowIcon(QIcon(QStringLiteral(":/images/Sanovia.svg")));
+  for (QWidget* label : {_ui->dateFieldFrom, _ui->dateFieldTo, _ui->dateFieldInterval})
+    label->setFont(fonts::system(kIntervalPixels));
+  keepLanguageKeys(this);
+}
+
+MainWindow::~MainWindow() = default;
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+  emit willClose();
+  event->accept();
+}
+
+void MainWindow::resizeEvent(QResizeEvent* event) {
+  QMainWindow::resizeEvent(event);
+  emit didResize();
+}
+
+}  // namespace sanovia

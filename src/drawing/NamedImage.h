@@ -1,0 +1,34 @@
+// A named image: one of our own drawings, crisp at any scale. A name may carry the ending under which the
+// image is known ("Edit_icon.png"); what is shipped is always a drawing.
+#pragma once
+
+#include <QRectF>
+#include <QSizeF>
+#include <QString>
+
+#include <memory>
+
+class QPainter;
+class QSvgRenderer;
+
+namespace sanovia {
+
+class NamedImage {
+ public:
+  // No image.
+  NamedImage();
+  // The image of that name, or no image when there is none.
+  static NamedImage named(const QString& name);
+
+  bool isNull() const { return _drawing == nullptr; }
+  // The natural size in points; empty for no image.
+  QSizeF size() const;
+
+  // Fills the rectangle with the image; draws nothing for no image.
+  void drawInRect(QPainter& painter, const QRectF& rect, double fraction = 1.0) const;
+
+ private:
+  std::shared_ptr<QSvgRenderer> _drawing;
+};
+
+}  // namespace sanovia

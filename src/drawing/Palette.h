@@ -1,0 +1,20 @@
+// The fixed colours of the interface. No painter names a colour that is not here.
+#pragma once
+
+#include <QColor>
+
+namespace sanovia::palette {
+
+inline constexpr QColor white{255, 255, 255};
+inline constexpr QColor red{227, 41, 59};
+inline constexpr QColor teal{38, 121, 151};
+// The stripe of a table's even rows, and the mark of today in the calendar.
+inline constexpr QColor lightTeal{2, 163, 203};
+// The lower edge of the strip, and hard shadows on teal.
+inline constexpr QColor darkTeal{27, 93, 115};
+inline constexpr QColor black{0, 0, 0};
+// The platform's named greys are one third, one half and two thirds of white.
+inline constexpr QColor darkGray{85, 85, 85};
+inline constexpr QColor lightGray{170, 170, 170};
+
+}  // namespace sanovia::palette

@@ -1,0 +1,44 @@
+#include "entry/DayTableModel.h"
+
+#include "charts/ChartsView.h"
+#include "localisation/Language.h"
+
+namespace sanovia {
+
+void DayTableModel::setDataSource(const ChartsView* source) {
+  _source = source;
+  reloadData();
+}
+
+void DayTableModel::reloadData() {
+  beginResetModel();
+  _columns = _nextColumns;
+  endResetModel();
+}
+
+int DayTableModel::rowCount(const QModelIndex& parent) const {
+  return parent.isValid() || _source == nullptr ? 0 : static_cast<int>(_source->numberOfRows());
+}
+
+int DayTableModel::columnCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : static_cast<int>(_columns.size());
+}
+
+QVariant DayTableModel::data(const QModelIndex& index, int role) const {
+  if (!index.isValid() || _source == nullptr) return {};
+  const QString& column = _columns[static_cast<size_t>(index.column())].identifier;
+  const bool isText = role == Qt::DisplayRole || role == Qt::AccessibleTextRole;
+  if (column != kEditColumn) return isText ? _source->objectValue(column, index.row()) : QVariant();
+  return role == Qt::AccessibleTextRole ? Language::stringForKey(QStringLiteral("Edit")) : QVariant();
+}
+
+QVariant DayTableModel::headerData(int section, Qt::Orientation orientation, int role) const {
+  if (orientation != Qt::Horizontal || section < 0 || section >= std::ssize(_columns)) return {};
+  const TableColumn& column = _columns[static_cast<size_t>(section)];
+  if (role == Qt::DisplayRole) return column.title;
+  return role == Qt::AccessibleTextRole && column.identifier == kEditColumn
+             ? QVariant(Language::stringForKey(QStringLiteral("Edit")))
+             : QVariant();
+}
+
+}  // namespace sanovia
