@@ -121,30 +121,15 @@ bool MLCalendarView::eventFilter(QObject* watched, QEvent* event) {
 bool MLCalendarView::moveFocus(MLCalendarCell* from, int key) {
   int step = 0;
   switch (key) {
-    case Qt::Key_Left:
-      step = -1;
-      break;
-    case Qt::Key_Right:
-      step = 1;
-      break;
-    case Qt::Key_Up:
-      step = -calendar::kColumns;
-      break;
-    case Qt::Key_Down:
-      step = calendar::kColumns;
-      break;
-    case Qt::Key_PageUp:
-      prevMonth();
-      return true;
-    case Qt::Key_PageDown:
-      nextMonth();
-      return true;
+    case Qt::Key_Left: step = -1; break;
+    case Qt::Key_Right: step = 1; break;
+    case Qt::Key_Up: step = -calendar::kColumns; break;
+    case Qt::Key_Down: step = calendar::kColumns; break;
+    case Qt::Key_PageUp: prevMonth(); return true;
+    case Qt::Key_PageDown: nextMonth(); return true;
     case Qt::Key_Return:
-    case Qt::Key_Enter:
-      from->click();
-      return true;
-    default:
-      return false;
+    case Qt::Key_Enter: from->click(); return true;
+    default: return false;
   }
   const qsizetype place = _dayCells.indexOf(from) + step;
   if (place < 0 || place >= _dayCells.size()) return true;

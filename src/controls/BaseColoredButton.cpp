@@ -18,18 +18,12 @@ QPointF imageOrigin(ImagePosition position, QSizeF button, QSizeF image) {
   const double bottom = static_cast<float>(button.height() - image.height());
   switch (position) {
     case ImagePosition::Only:
-    case ImagePosition::Overlaps:
-      return {centredX, centredY};
-    case ImagePosition::Left:
-      return {0, centredY};
-    case ImagePosition::Right:
-      return {right, centredY};
-    case ImagePosition::Below:
-      return {centredX, bottom};
-    case ImagePosition::Above:
-      return {centredX, 0};
-    case ImagePosition::None:
-      break;
+    case ImagePosition::Overlaps: return {centredX, centredY};
+    case ImagePosition::Left: return {0, centredY};
+    case ImagePosition::Right: return {right, centredY};
+    case ImagePosition::Below: return {centredX, bottom};
+    case ImagePosition::Above: return {centredX, 0};
+    case ImagePosition::None: break;
   }
   return {0, 0};
 }

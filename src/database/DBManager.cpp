@@ -212,11 +212,20 @@ qint32 DBManager::countOfRowsInTableBetweenDates(const QString& table, const QSt
 
 QList<RowMap> DBManager::objectsFromDatabase(const QString& sql, const QList<DBField>& columns) {
   QList<RowMap> rows;
-  const Connection connection(*this);
-  if (!connection) return rows;
-  Statement statement(_database, sql.toUtf8());
-  while (statement.nextRow()) rows.append(statement.row(columns));
+  forEachObject(sql, columns, [&rows](const RowMap& row) { rows.append(row); });
   return rows;
+}
+
+void DBManager::forEachObject(const QString& sql, const QList<DBField>& columns,
+                              const std::function<void(const RowMap&)>& function) {
+  const Connection connection(*this);
+  if (!connection) return;
+  Statement statement(_database, sql.toUtf8());
+  RowMap row;
+  while (statement.nextRow()) {
+    statement.read(columns, row);
+    function(row);
+  }
 }
 
 RowMap DBManager::objectFromDatabase(const QString& sql, const QList<DBField>& columns) {

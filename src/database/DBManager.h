@@ -9,6 +9,7 @@
 #include <QList>
 #include <QString>
 
+#include <functional>
 #include <optional>
 
 #include "database/DBField.h"
@@ -65,6 +66,10 @@ class DBManager {
   // The result set of a whole SELECT, read by position: the column list must match it column for column. A
   // column beyond the result set gives 0, 0.0 or "", and so does a NULL.
   QList<RowMap> objectsFromDatabase(const QString& sql, const QList<DBField>& columns);
+  // The same rows one by one, without holding them all. The function may not call the manager, whose
+  // operations never nest.
+  void forEachObject(const QString& sql, const QList<DBField>& columns,
+                     const std::function<void(const RowMap&)>& function);
   // Its first row alone; empty when there is none.
   RowMap objectFromDatabase(const QString& sql, const QList<DBField>& columns);
 

@@ -9,6 +9,7 @@
 #include <QList>
 #include <QString>
 
+#include <functional>
 #include <optional>
 #include <span>
 #include <utility>
@@ -57,10 +58,13 @@ class RecordFamily {
 
   // The rows of the interval in ascending order of date, both ends included.
   static QList<RowMap> objectsFromDate(const QString& from, const QString& to) {
-    const QString key = dateKey();
-    const QString sql = QStringLiteral("SELECT * FROM %1 where %2 BETWEEN '%3' AND '%4' order by %5");
-    return DBManager::sharedInstance().objectsFromDatabase(sql.arg(tableName(), key, from, to, key),
-                                                           columns());
+    return DBManager::sharedInstance().objectsFromDatabase(rangeQuery(from, to), columns());
+  }
+
+  // The same rows one by one.
+  static void forEachFromDate(const QString& from, const QString& to,
+                              const std::function<void(const RowMap&)>& function) {
+    DBManager::sharedInstance().forEachObject(rangeQuery(from, to), columns(), function);
   }
 
   // What is written of the record: all columns but the key.
@@ -83,10 +87,10 @@ class RecordFamily {
 
   static R withContentValues(const RowMap& values) {
     static const QString ownerPresence = QString::fromLatin1(R::description().ownerReadWhenPresent);
-    const FieldValue* day = values.find(columns()[DateColumn].title());
+    const FieldValue* day = values.find(columns()[DateColumn].title(), DateColumn);
     R record = day == nullptr ? R() : R(textValue(*day));
     assignValues(record, R::description().columns, columns(), values);
-    const FieldValue* owner = values.find(columns()[OwnerColumn].title());
+    const FieldValue* owner = values.find(columns()[OwnerColumn].title(), OwnerColumn);
     if (!values.contains(ownerPresence))
       record.user_pk = R::kNewOwner;
     else
@@ -158,6 +162,12 @@ class RecordFamily {
   }
 
  private:
+  static QString rangeQuery(const QString& from, const QString& to) {
+    const QString key = dateKey();
+    return QStringLiteral("SELECT * FROM %1 where %2 BETWEEN '%3' AND '%4' order by %5")
+        .arg(tableName(), key, from, to, key);
+  }
+
   const R& self() const { return static_cast<const R&>(*this); }
 
   static QList<DBField>& keys() {
@@ -172,7 +182,6 @@ class RecordFamily {
 
   static QList<R> recordsOf(const QList<RowMap>& rows) {
     QList<R> records;
-    records.reserve(rows.size());
     for (const RowMap& row : rows) records.append(withContentValues(row));
     return records;
   }

@@ -102,7 +102,7 @@ template <class R>
 void assignValues(R& record, std::span<const RecordColumn<R>> columns, const QList<DBField>& fields,
                   const RowMap& values) {
   for (size_t i = 0; i < columns.size(); ++i)
-    if (const FieldValue* value = values.find(fields[static_cast<qsizetype>(i)].title()))
+    if (const FieldValue* value = values.find(fields[static_cast<qsizetype>(i)].title(), i))
       assignValue(record, columns[i], *value);
 }
 

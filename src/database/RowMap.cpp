@@ -44,10 +44,11 @@ QString textValue(const FieldValue& value) {
   return QString::number(std::get<double>(value));
 }
 
-const FieldValue* RowMap::find(const QString& title) const {
-  const auto entry = std::find_if(_entries.begin(), _entries.end(), [&](const Entry& candidate) {
-    return candidate.title.constData() == title.constData() || candidate.title == title;
-  });
+const FieldValue* RowMap::find(const QString& title, size_t likelyPlace) const {
+  if (likelyPlace < _entries.size() && _entries[likelyPlace].title == title)
+    return &_entries[likelyPlace].value;
+  const auto entry = std::find_if(_entries.begin(), _entries.end(),
+                                  [&](const Entry& candidate) { return candidate.title == title; });
   return entry == _entries.end() ? nullptr : &entry->value;
 }
 

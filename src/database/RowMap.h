@@ -28,8 +28,9 @@ class RowMap {
     FieldValue value;
   };
 
-  // Null when the row has no such key. Valid until the next insert().
-  const FieldValue* find(const QString& title) const;
+  // Null when the row has no such key. Valid until the next insert(). The place is where the key is likely to
+  // be, as in a row read by the column list that now looks into it.
+  const FieldValue* find(const QString& title, size_t likelyPlace = 0) const;
   bool contains(const QString& title) const { return find(title) != nullptr; }
 
   // Adds the key or replaces its value.
@@ -37,6 +38,7 @@ class RowMap {
 
   // Adds a key that is known to be new.
   void append(const QString& title, FieldValue value) { _entries.push_back({title, std::move(value)}); }
+  void clear() { _entries.clear(); }
   void reserve(qsizetype count) { _entries.reserve(static_cast<size_t>(count)); }
 
   bool isEmpty() const { return _entries.empty(); }

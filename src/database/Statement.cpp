@@ -20,17 +20,10 @@ void Statement::bind(int place, const QString& value) {
 
 void Statement::bind(int place, const DBField& column, const FieldValue& value) {
   switch (column.type()) {
-    case DBField::Integer:
-      bind(place, intValue(value));
-      break;
-    case DBField::Float:
-      bind(place, doubleValue(value));
-      break;
-    case DBField::Text:
-      bind(place, textValue(value));
-      break;
-    default:
-      break;
+    case DBField::Integer: bind(place, intValue(value)); break;
+    case DBField::Float: bind(place, doubleValue(value)); break;
+    case DBField::Text: bind(place, textValue(value)); break;
+    default: break;
   }
 }
 
@@ -45,26 +38,24 @@ QString Statement::text(int column) const {
   return bytes == nullptr ? QStringLiteral("") : QString::fromUtf8(bytes);
 }
 
-RowMap Statement::row(const QList<DBField>& columns) const {
-  RowMap row;
+void Statement::read(const QList<DBField>& columns, RowMap& row) const {
+  row.clear();
   row.reserve(columns.size());
   int number = 0;
   for (const DBField& column : columns) {
     switch (column.type()) {
-      case DBField::Integer:
-        row.append(column.title(), integer(number));
-        break;
-      case DBField::Float:
-        row.append(column.title(), real(number));
-        break;
-      case DBField::Text:
-        row.append(column.title(), text(number));
-        break;
-      default:
-        break;
+      case DBField::Integer: row.append(column.title(), integer(number)); break;
+      case DBField::Float: row.append(column.title(), real(number)); break;
+      case DBField::Text: row.append(column.title(), text(number)); break;
+      default: break;
     }
     ++number;
   }
+}
+
+RowMap Statement::row(const QList<DBField>& columns) const {
+  RowMap row;
+  read(columns, row);
   return row;
 }
 

@@ -38,7 +38,8 @@ class Statement {
   // A NULL gives the empty text.
   QString text(int column) const;
 
-  // The current row under the titles of the columns, read by position.
+  // Makes the row the current one of the result set, under the titles of the columns and read by position.
+  void read(const QList<DBField>& columns, RowMap& row) const;
   RowMap row(const QList<DBField>& columns) const;
 
  private:

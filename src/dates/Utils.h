@@ -52,6 +52,9 @@ class Utils {
   // start gives the start alone. A mode outside 1 to 3 counts days and repeats the start.
   static QList<QDateTime> datesBetweenStartDate(const QDateTime& start, const QDateTime& end,
                                                 SeriesMode mode);
+  // The plain stepper's days as the database has them. No instant is made of each, which on a system whose
+  // zone is looked up anew at every question takes longer than reading the records.
+  static QStringList databaseDatesBetween(const QDateTime& start, const QDateTime& end);
   // The series of charts and reports: the plain stepper for days. For weeks and months the start, then the
   // first moment of each following period that lies before now, whatever the end.
   static QList<QDateTime> datesBetweenStartDate1(const QDateTime& start, const QDateTime& end,

@@ -50,15 +50,28 @@ qint64 countOfSteps(const QDateTime& start, const QDateTime& end, SeriesMode mod
 
 QDateTime stepped(const QDateTime& start, qint64 steps, SeriesMode mode) {
   switch (mode) {
-    case SeriesModeDay:
-      return start.addDays(steps);
-    case SeriesModeWeek:
-      return start.addDays(steps * kDaysOfWeek);
-    case SeriesModeMonth:
-      return start.addMonths(static_cast<int>(steps));
-    default:
-      return start;
+    case SeriesModeDay: return start.addDays(steps);
+    case SeriesModeWeek: return start.addDays(steps * kDaysOfWeek);
+    case SeriesModeMonth: return start.addMonths(static_cast<int>(steps));
+    default: return start;
   }
+}
+
+// "yyyy-MM-dd". The toolkit's own writer takes longer than reading the row from the file.
+QString isoText(const QDate& day) {
+  if (day.year() < 1 || day.year() > 9999) return day.toString(Qt::ISODate);
+  QString text(QStringLiteral("0000-00-00"));
+  QChar* digits = text.data();
+  const auto write = [digits](int place, int value) { digits[place] = QChar(u'0' + value); };
+  write(0, day.year() / 1000);
+  write(1, day.year() / 100 % 10);
+  write(2, day.year() / 10 % 10);
+  write(3, day.year() % 10);
+  write(5, day.month() / 10);
+  write(6, day.month() % 10);
+  write(8, day.day() / 10);
+  write(9, day.day() % 10);
+  return text;
 }
 
 }  // namespace
@@ -70,7 +83,7 @@ QString Utils::dateFormatForMetric(bool /*metric*/) {
 QString Utils::convertDate(const QDateTime& date, const QString& format) {
   if (!date.isValid()) return {};
   // The format of every key in the diary is spared the general formatter.
-  if (format == databaseFormat()) return dayOf(date).toString(Qt::ISODate);
+  if (format == databaseFormat()) return isoText(dayOf(date));
   return localeFor(format).toString(date.toLocalTime(), toolkitFormat(format));
 }
 
@@ -114,6 +127,15 @@ QList<QDateTime> Utils::datesBetweenStartDate(const QDateTime& start, const QDat
   for (qint64 i = 1; i < count; ++i) dates.append(stepped(start, i, mode));
   if (count != 0) dates.append(end);
   return dates;
+}
+
+QStringList Utils::databaseDatesBetween(const QDateTime& start, const QDateTime& end) {
+  const qint64 count = end < start ? 0 : countOfSteps(start, end, SeriesModeDay);
+  QStringList days{isoText(dayOf(start))};
+  days.reserve(count + 1);
+  for (qint64 i = 1; i < count; ++i) days.append(isoText(dayOf(start).addDays(i)));
+  if (count != 0) days.append(isoText(dayOf(end)));
+  return days;
 }
 
 QList<QDateTime> Utils::datesBetweenStartDate1(const QDateTime& start, const QDateTime& end,

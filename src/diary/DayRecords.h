@@ -1,9 +1,6 @@
 // The records of an interval: three parallel lists, one for each kind, with exactly one record per date of
 // the series. A date without a row has a new record whose key is -1, so that a position is the same day in
-// every list.
-//
-// Each kind is read once, by one range query, and the lists are what one lookup per date would give. A list
-// that is loaded anew leaves records that were handed out before alive and apart.
+// every list. Lists that are loaded anew leave records that were handed out before alive and apart.
 #pragma once
 
 #include <QDateTime>
@@ -12,16 +9,10 @@
 #include <memory>
 #include <vector>
 
-#include "dates/SeriesMode.h"
+#include "diary/DateSeries.h"
 #include "measures/RecordRef.h"
 
 namespace sanovia {
-
-// One record per date of the series, in its order. In the mode of days the stored record of that day; in the
-// other modes the averages of the period that begins there, dated on its first day; a new record where there
-// is neither.
-template <class R>
-std::vector<R> recordsOfDates(const QList<QDateTime>& dates, SeriesMode mode);
 
 class DayRecords {
  public:
@@ -33,7 +24,7 @@ class DayRecords {
   void clear();
 
   // Oldest first.
-  const QList<QDateTime>& dates() const { return _dates; }
+  QList<QDateTime> dates() const { return _series.dates(); }
   const std::vector<General>& generals() const { return *_generals; }
   const std::vector<Pressure>& pressures() const { return *_pressures; }
   const std::vector<Blood>& bloods() const { return *_bloods; }
@@ -44,7 +35,7 @@ class DayRecords {
   RecordRef at(qint64 recordType, qint64 index) const;
 
  private:
-  QList<QDateTime> _dates;
+  DateSeries _series;
   std::shared_ptr<std::vector<General>> _generals = std::make_shared<std::vector<General>>();
   std::shared_ptr<std::vector<Pressure>> _pressures = std::make_shared<std::vector<Pressure>>();
   std::shared_ptr<std::vector<Blood>> _bloods = std::make_shared<std::vector<Blood>>();

@@ -66,12 +66,9 @@ std::span<const Measure> measuresOf(qint64 recordType, bool hasHeight) {
   switch (recordType) {
     case RecordType::general:
       return std::span<const Measure>(kGeneral).first(hasHeight ? kIndexPlace + 1 : kIndexPlace);
-    case RecordType::pressure:
-      return kPressure;
-    case RecordType::blood:
-      return kBlood;
-    default:
-      return {};
+    case RecordType::pressure: return kPressure;
+    case RecordType::blood: return kBlood;
+    default: return {};
   }
 }
 

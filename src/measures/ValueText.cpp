@@ -19,12 +19,9 @@ QString word(const char* key) { return Language::stringForKey(QString::fromLatin
 QString unitText(Measure::Unit unit) {
   const bool metric = Preferences::isMetric();
   switch (unit) {
-    case Measure::Unit::Temperature:
-      return word(metric ? "celsius" : "fahrenheit");
-    case Measure::Unit::Weight:
-      return word(metric ? "kg" : "lbs");
-    case Measure::Unit::Fixed:
-      break;
+    case Measure::Unit::Temperature: return word(metric ? "celsius" : "fahrenheit");
+    case Measure::Unit::Weight: return word(metric ? "kg" : "lbs");
+    case Measure::Unit::Fixed: break;
   }
   return {};
 }
@@ -46,15 +43,12 @@ QString valueText(const Measure& measure, const RecordRef& record) {
   if (!value) return {};
   const auto whole = static_cast<qint64>(*value);
   switch (measure.display) {
-    case Measure::Display::OneDecimal:
-      return oneDecimal(shownValue(*value, measure.unit));
-    case Measure::Display::Integer:
-      return QString::number(whole);
+    case Measure::Display::OneDecimal: return oneDecimal(shownValue(*value, measure.unit));
+    case Measure::Display::Integer: return QString::number(whole);
     // The list runs from the best word to the worst.
     case Measure::Display::WellbeingWord:
       return Language::entryForKey(QStringLiteral("general_array1"), kBestWellbeing - whole);
-    case Measure::Display::AppetiteWord:
-      return Language::entryForKey(QStringLiteral("fistula_array"), whole);
+    case Measure::Display::AppetiteWord: return Language::entryForKey(QStringLiteral("fistula_array"), whole);
   }
   return {};
 }
