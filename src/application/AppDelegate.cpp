@@ -110,9 +110,12 @@ bool AppDelegate::restoreFrame() {
   if (!match.hasMatch()) return false;
   const QRect frame(match.captured(1).toInt(), match.captured(2).toInt(), match.captured(3).toInt(),
                     match.captured(4).toInt());
-  const QRect desk = QGuiApplication::primaryScreen()->availableVirtualGeometry();
-  _window->resize(frame.size().boundedTo(desk.size()).expandedTo(kLeastSize));
-  if (QGuiApplication::screenAt(frame.center()) != nullptr) _window->move(frame.topLeft());
+  const QSize desk = QGuiApplication::primaryScreen()->availableVirtualSize();
+  const QSize size = frame.size().boundedTo(desk).expandedTo(kLeastSize);
+  if (QGuiApplication::screenAt(frame.center()) == nullptr)
+    _window->resize(size);
+  else
+    _window->setGeometry(QRect(frame.topLeft(), size));
   return true;
 }
 

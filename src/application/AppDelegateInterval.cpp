@@ -88,14 +88,14 @@ void AppDelegate::showCalendarTo(QWidget* sender) {
 }
 
 void AppDelegate::didSelectDateFrom(const QDateTime& date) {
-  _calendarPopover->closePopover();
+  if (_calendarPopover != nullptr) _calendarPopover->closePopover();
   if (!date.isValid()) return;
   saveStartDate(date);
   setUpCalendarTitle();
 }
 
 void AppDelegate::didSelectDateTo(const QDateTime& date) {
-  _calendarPopover->closePopover();
+  if (_calendarPopover != nullptr) _calendarPopover->closePopover();
   if (!date.isValid()) return;
   saveEndDate(date);
   setUpCalendarTitle();

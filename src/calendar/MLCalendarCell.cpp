@@ -6,6 +6,7 @@
 
 #include "calendar/CalendarDays.h"
 #include "calendar/MLCalendarView.h"
+#include "controls/ClickAccessible.h"
 #include "controls/FocusMark.h"
 #include "drawing/Fonts.h"
 #include "drawing/Palette.h"
@@ -24,6 +25,7 @@ constexpr double kTodayLine = 8.0;
 }  // namespace
 
 MLCalendarCell::MLCalendarCell(QWidget* parent) : QPushButton(parent) {
+  ClickAccessible::installFor(QString::fromLatin1(MLCalendarCell::staticMetaObject.className()));
   setFlat(true);
   setCheckable(true);  // checked is how a screen reader hears of the picked day
   setFont(fonts::system(kDayPixels));

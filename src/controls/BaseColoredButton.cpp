@@ -2,6 +2,7 @@
 
 #include <QPainter>
 
+#include "controls/ClickAccessible.h"
 #include "controls/FocusMark.h"
 
 namespace sanovia {
@@ -28,7 +29,10 @@ QPointF imageOrigin(ImagePosition position, QSizeF button, QSizeF image) {
   return {0, 0};
 }
 
-BaseColoredButton::BaseColoredButton(QWidget* parent) : QPushButton(parent) { setFlat(true); }
+BaseColoredButton::BaseColoredButton(QWidget* parent) : QPushButton(parent) {
+  ClickAccessible::installFor(QString::fromLatin1(BaseColoredButton::staticMetaObject.className()));
+  setFlat(true);
+}
 
 void BaseColoredButton::setImageName(const QString& name) {
   _imageName = name;

@@ -15,9 +15,11 @@
 namespace sanovia {
 namespace {
 
-// How long an operation waits for another process to release the file, in milliseconds. A second writer must
-// wait, not lose; a file that is never released must not hang the window.
+// How long an operation waits for another process to release the file, in milliseconds. A second writer
+// must wait, not lose; but a file that is never released must not hang the window, so that reads which
+// follow a wait in vain hardly wait at all.
 constexpr int kPatience = 2000;
+constexpr int kPatienceAfterWaitInVain = 100;
 
 constexpr QFileDevice::Permissions kOwnFile = QFileDevice::ReadOwner | QFileDevice::WriteOwner;
 constexpr QFileDevice::Permissions kOwnFolder = kOwnFile | QFileDevice::ExeOwner;
@@ -53,7 +55,11 @@ QByteArray asciiText(const QString& sql) {
 // Holds the file open for one operation.
 class DBManager::Connection {
  public:
-  explicit Connection(DBManager& manager) : _manager(manager), _isOpen(manager.openDatabase()) {}
+  enum class Purpose : quint8 { Read, Write };
+
+  Connection(DBManager& manager, Purpose purpose) : _manager(manager), _isOpen(manager.openDatabase()) {
+    if (_isOpen && purpose == Purpose::Write) sqlite3_busy_timeout(manager._database, kPatience);
+  }
   ~Connection() {
     if (_isOpen) _manager.closeDatabase();
   }
@@ -84,7 +90,7 @@ bool DBManager::createDatabase() {
   if (QFile::exists(_databasePath)) return true;
 
   makePrivateFile(_databasePath);
-  const Connection connection(*this);
+  const Connection connection(*this, Connection::Purpose::Write);
   if (!connection) {
     logLine(QStringLiteral("Failed to open/create database"));
     return false;
@@ -107,30 +113,31 @@ std::optional<QString> DBManager::execSQL(const QString& sql) {
 bool DBManager::openDatabase() {
   const bool opened = sqlite3_open(_databasePath.toUtf8().constData(), &_database) == SQLITE_OK;
   if (opened)
-    sqlite3_busy_timeout(_database, kPatience);
+    sqlite3_busy_timeout(_database, _waitedInVain ? kPatienceAfterWaitInVain : kPatience);
   else
     closeDatabase();
   return opened;
 }
 
 void DBManager::closeDatabase() {
+  _waitedInVain = sqlite3_errcode(_database) == SQLITE_BUSY;
   sqlite3_close(_database);
   _database = nullptr;
 }
 
 void DBManager::execInOwnConnection(const QString& sql) {
-  if (const Connection connection(*this); connection) execSQL(sql);
+  if (const Connection connection(*this, Connection::Purpose::Write); connection) execSQL(sql);
 }
 
 void DBManager::dropAllTables() {
-  const Connection connection(*this);
+  const Connection connection(*this, Connection::Purpose::Write);
   if (!connection) return;
   for (const char* table : {"doctor", "me", "diary", "diary_new", "blood", "medicine", "reminder"})
     execSQL(QStringLiteral("DROP TABLE IF EXISTS %1").arg(QLatin1String(table)));
 }
 
 RowMap DBManager::getRowFromTable(const QString& table, const QList<DBField>& columns, qint32 atId) {
-  const Connection connection(*this);
+  const Connection connection(*this, Connection::Purpose::Read);
   if (!connection) return {};
   Statement statement(_database, QStringLiteral("SELECT * FROM %1 where pk=?").arg(table).toUtf8());
   if (!statement.isPrepared())
@@ -141,7 +148,7 @@ RowMap DBManager::getRowFromTable(const QString& table, const QList<DBField>& co
 }
 
 qint32 DBManager::addRowToTable(const QString& table, const QList<DBField>& columns, const RowMap& values) {
-  const Connection connection(*this);
+  const Connection connection(*this, Connection::Purpose::Write);
   if (!connection) return -1;
   QString names = QStringLiteral("INSERT INTO %1 (").arg(table);
   QString places = QStringLiteral(" VALUES (");
@@ -163,7 +170,7 @@ qint32 DBManager::addRowToTable(const QString& table, const QList<DBField>& colu
 
 bool DBManager::updateRowInTable(const QString& table, const QList<DBField>& columns, const RowMap& values,
                                  qint32 atId) {
-  const Connection connection(*this);
+  const Connection connection(*this, Connection::Purpose::Write);
   if (!connection) return false;
   QString sql = QStringLiteral("update %1 set").arg(table);
   QString separator;
@@ -194,7 +201,7 @@ void DBManager::deleteAllRowsFromTableFiltered(const QString& table, const QStri
 }
 
 qint32 DBManager::countBySQL(const QString& sql) {
-  const Connection connection(*this);
+  const Connection connection(*this, Connection::Purpose::Read);
   if (!connection) return 0;
   Statement statement(_database, sql.toUtf8());
   return statement.nextRow() ? statement.integer(0) : 0;
@@ -218,7 +225,7 @@ QList<RowMap> DBManager::objectsFromDatabase(const QString& sql, const QList<DBF
 
 void DBManager::forEachObject(const QString& sql, const QList<DBField>& columns,
                               const std::function<void(const RowMap&)>& function) {
-  const Connection connection(*this);
+  const Connection connection(*this, Connection::Purpose::Read);
   if (!connection) return;
   Statement statement(_database, sql.toUtf8());
   RowMap row;
@@ -229,14 +236,14 @@ void DBManager::forEachObject(const QString& sql, const QList<DBField>& columns,
 }
 
 RowMap DBManager::objectFromDatabase(const QString& sql, const QList<DBField>& columns) {
-  const Connection connection(*this);
+  const Connection connection(*this, Connection::Purpose::Read);
   if (!connection) return {};
   Statement statement(_database, sql.toUtf8());
   return statement.nextRow() ? statement.row(columns) : RowMap();
 }
 
 std::optional<QString> DBManager::minimalDate(const QString& field, const QString& table) {
-  const Connection connection(*this);
+  const Connection connection(*this, Connection::Purpose::Read);
   if (!connection) return std::nullopt;
   Statement statement(_database, QStringLiteral("SELECT MIN (%1) FROM %2").arg(field, table).toUtf8());
   if (!statement.nextRow()) return std::nullopt;

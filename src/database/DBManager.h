@@ -84,6 +84,7 @@ class DBManager {
 
   QString _databasePath;
   sqlite3* _database = nullptr;
+  bool _waitedInVain = false;  // whether the operation before waited for another process and gave up
 };
 
 }  // namespace sanovia

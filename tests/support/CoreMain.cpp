@@ -1,7 +1,7 @@
 // The entry of the test programs that need no display: gtest_main with Qt's core application around it.
-#include <gtest/gtest.h>
-
 #include <QCoreApplication>
+
+#include <gtest/gtest.h>
 
 int main(int argc, char** argv) {
   ::testing::InitGoogleTest(&argc, argv);

@@ -1,10 +1,10 @@
 #include "support/TestHome.h"
 
-#include <sqlite3.h>
-
 #include <QFile>
 #include <QLocale>
+
 #include <ctime>
+#include <sqlite3.h>
 
 #include "database/DBManager.h"
 #include "foundation/Clock.h"
@@ -41,6 +41,12 @@ ScopedZone::ScopedZone(const char* zone) : _before(qgetenv("TZ")) {
 ScopedZone::~ScopedZone() { setZone(_before); }
 
 QDateTime localTime(const QString& text) { return QDateTime::fromString(text, Qt::ISODate); }
+
+QStringList texts(std::initializer_list<const char*> list) {
+  QStringList result;
+  for (const char* text : list) result.append(QString::fromUtf8(text));
+  return result;
+}
 
 TestHome::TestHome() {
   qputenv("XDG_DATA_HOME", dataFolder().toUtf8());
@@ -81,7 +87,8 @@ QStringList TestHome::query(const QString& sql) {
   sqlite3* database = nullptr;
   sqlite3_stmt* statement = nullptr;
   EXPECT_EQ(sqlite3_open(Paths::databaseFile().toUtf8(), &database), SQLITE_OK);
-  EXPECT_EQ(sqlite3_prepare_v2(database, sql.toUtf8(), -1, &statement, nullptr), SQLITE_OK) << qPrintable(sql);
+  EXPECT_EQ(sqlite3_prepare_v2(database, sql.toUtf8(), -1, &statement, nullptr), SQLITE_OK)
+      << qPrintable(sql);
   int code = SQLITE_DONE;
   while ((code = sqlite3_step(statement)) == SQLITE_ROW)
     rows.append(QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(statement, 0))));

@@ -1,12 +1,13 @@
-// The world of one test: folders of its own, a clock that stands still, a zone, a locale and fresh singletons. A
-// test that holds one touches nothing of the user's and does not depend on the day on which it runs.
+// The world of one test: folders of its own, a clock that stands still, a zone, a locale and fresh
+// singletons. A test that holds one touches nothing of the user's and does not depend on the day on which it
+// runs.
 #pragma once
-
-#include <gtest/gtest.h>
 
 #include <QDateTime>
 #include <QStringList>
 #include <QTemporaryDir>
+
+#include <gtest/gtest.h>
 
 namespace sanovia::test {
 
@@ -54,5 +55,7 @@ class TestHome : public ::testing::Test {
 };
 
 QDateTime localTime(const QString& text);
+
+QStringList texts(std::initializer_list<const char*> list);
 
 }  // namespace sanovia::test

@@ -1,5 +1,5 @@
-// Drives the real main window through its launch sequence and saves a picture of every screen that there is, in each
-// of the five languages: English with US measures, the others metric.
+// Drives the real main window through its launch sequence and saves a picture of every screen that there is,
+// in each of the five languages: English with US measures, the others metric.
 #include <QApplication>
 #include <QDir>
 #include <QEventLoop>
@@ -25,9 +25,9 @@ class Photographer {
   Photographer(const QDir& folder, const QString& language) : _folder(folder), _language(language) {
     QLocale::setDefault(QLocale(language));
     Language::restart();
-    SettingsStore::standard().setString(QStringLiteral("userMeasure"),
-                                        language == Language::english() ? QStringLiteral("US")
-                                                                        : QStringLiteral("Metric"));
+    SettingsStore::standard().setString(QStringLiteral("userMeasure"), language == Language::english()
+                                                                           ? QStringLiteral("US")
+                                                                           : QStringLiteral("Metric"));
     _delegate = std::make_unique<AppDelegate>();
     _delegate->applicationWillFinishLaunching();
     _delegate->window()->show();

@@ -1,0 +1,32 @@
+#include "exchange/WholeFile.h"
+
+#include <QFile>
+#include <QSaveFile>
+
+namespace sanovia {
+namespace {
+
+ExchangeError failureOf(const QFileDevice& file) {
+  return {file.fileName() + QStringLiteral(": ") + file.errorString()};
+}
+
+}  // namespace
+
+std::variant<QByteArray, ExchangeError> readWhole(const QString& name) {
+  QFile file(name);
+  if (!file.open(QIODevice::ReadOnly)) return failureOf(file);
+  QByteArray bytes = file.readAll();
+  if (file.error() != QFileDevice::NoError) return failureOf(file);
+  return bytes;
+}
+
+std::optional<ExchangeError> writeWhole(const QString& name, const QByteArray& bytes) {
+  const bool isNew = !QFile::exists(name);
+  QSaveFile file(name);
+  if (!file.open(QIODevice::WriteOnly)) return failureOf(file);
+  if (isNew) file.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner);
+  if (file.write(bytes) != bytes.size() || !file.commit()) return failureOf(file);
+  return std::nullopt;
+}
+
+}  // namespace sanovia
