@@ -9,7 +9,7 @@ constexpr int kMonthsOfYear = 12;
 
 QDate utcDate(const QDateTime& date) { return date.toUTC().date(); }
 
-QDateTime midnight(const QDate& day) { return QDateTime(day, QTime(0, 0), Qt::UTC); }
+QDateTime midnight(const QDate& day) { return {day, QTime(0, 0), Qt::UTC}; }
 
 // Sunday is 1 here and 7 to the toolkit.
 int weekdayOf(const QDate& day) { return day.dayOfWeek() % kColumns + 1; }

@@ -44,8 +44,8 @@ class DBManager {
   RowMap getRowFromTable(const QString& table, const QList<DBField>& columns, qint32 atId);
 
   // Inserts the columns that have a value. The new row's key, or -1 when the file cannot be opened or SQLite
-  // answers with its general error; any other failure, such as a locked or read-only file, goes unnoticed and
-  // gives 0.
+  // answers with its general error. Any other failure, such as a file that is read-only or stays locked, goes
+  // unnoticed: the key is then 0 or that of a row that never came to be.
   qint32 addRowToTable(const QString& table, const QList<DBField>& columns, const RowMap& values);
 
   // Writes the columns that have a value. False when the file cannot be opened or on SQLite's general error;

@@ -12,6 +12,7 @@ namespace {
 constexpr qint64 kHour = 3600;
 constexpr qint64 kDay = 86400;
 constexpr int kDaysOfWeek = 7;
+constexpr qint64 kTwoWeeks = 14;  // days
 constexpr int kMonthsOfYear = 12;
 
 // "YYYY" means the calendar year too.
@@ -24,7 +25,11 @@ QLocale localeFor(const QString& format) {
 
 QDate dayOf(const QDateTime& date) { return date.toLocalTime().date(); }
 
-QDateTime atTime(const QDate& day, const QTime& time) { return QDateTime(day, time, Qt::LocalTime); }
+// A time that the clocks skip on that day moves on by as much as they do.
+QDateTime atTime(const QDate& day, const QTime& time) {
+  const QDateTime moment(day, time, Qt::LocalTime);
+  return moment.isValid() ? moment : day.startOfDay().addMSecs(time.msecsSinceStartOfDay());
+}
 
 qint64 wholeDays(const QDateTime& start, const QDateTime& end) {
   const QDateTime from = start.toLocalTime();
@@ -118,7 +123,7 @@ qint64 Utils::daysBetweenDate(const QDateTime& start, const QDateTime& end) {
   return (start.msecsTo(end) / 1000 + kHour) / kDay;
 }
 
-QDateTime Utils::date2WeeksAgo() { return Clock::now().addDays(-2 * kDaysOfWeek); }
+QDateTime Utils::date2WeeksAgo() { return Clock::now().addDays(-kTwoWeeks); }
 
 QList<QDateTime> Utils::datesBetweenStartDate(const QDateTime& start, const QDateTime& end, SeriesMode mode) {
   QList<QDateTime> dates{start};

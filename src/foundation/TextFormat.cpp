@@ -2,6 +2,9 @@
 
 #include <QRegularExpression>
 
+#include <array>
+#include <charconv>
+
 namespace sanovia {
 
 QString filled(const QString& format, const QString& value) {
@@ -13,6 +16,12 @@ QString filled(const QString& format, const QString& value) {
 
 QString filled(const QString& format, qint64 value) { return filled(format, QString::number(value)); }
 
-QString oneDecimal(double value) { return QString::number(value, 'f', 1); }
+// Not the toolkit's own writer, which rounds 36.25 up where printf goes to the even digit.
+QString oneDecimal(double value) {
+  std::array<char, 400> text{};  // the largest number has 309 digits before its point
+  const std::to_chars_result end =
+      std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed, 1);
+  return QString::fromLatin1(text.data(), end.ptr - text.data());
+}
 
 }  // namespace sanovia

@@ -59,7 +59,7 @@ QString Preferences::description(const QDateTime& date) {
 
 QDateTime Preferences::dateWithString(const QString& text) {
   static const QRegularExpression form(
-      QStringLiteral("^(\\d{4}-\\d{2}-\\d{2}) (\\d{2}:\\d{2}:\\d{2}) ([+-])(\\d{2})(\\d{2})$"));
+      QStringLiteral("^(\\d{4}-\\d{2}-\\d{2}) ((?:[01]\\d|2[0-3]):\\d{2}:\\d{2}) ([+-])(\\d{2})(\\d{2})$"));
   const QRegularExpressionMatch match = form.match(text);
   if (!match.hasMatch()) return {};
   const QDate day = QDate::fromString(match.captured(1), Qt::ISODate);

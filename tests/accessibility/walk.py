@@ -1,0 +1,84 @@
+#!/usr/bin/python3
+"""Drives the running diary as a screen reader would, over AT-SPI: reads and operates the strip, the table and the
+calendar. Ends with 0 when everything was found, read and done; says what was not."""
+import sys
+import time
+
+import pyatspi
+
+PATIENCE = 20  # seconds until something that is awaited counts as missing
+
+
+def fail(what):
+    print("not found: " + what)
+    sys.exit(1)
+
+
+def awaited(what, look):
+    end = time.monotonic() + PATIENCE
+    while time.monotonic() < end:
+        try:
+            found = look()
+        except Exception:  # an element may go away while it is being looked at
+            found = None
+        if found:
+            return found
+        time.sleep(0.1)
+    fail(what)
+
+
+def application():
+    desktop = pyatspi.Registry.getDesktop(0)
+    return next((child for child in desktop if child is not None and child.name.lower() == "sanovia"), None)
+
+
+def element(root, name, test=lambda found: True):
+    return awaited(name, lambda: pyatspi.findDescendant(root, lambda found: found.name == name and test(found)))
+
+
+def has(found, state):
+    return found.getState().contains(state)
+
+
+def press(found):
+    found.queryAction().doAction(0)
+
+
+def check(what, truth):
+    awaited(what, truth)
+    print("ok: " + what)
+
+
+app = awaited("the application", application)
+
+# The strip: names, states and actions.
+for word in ("General", "Pressure", "Blood", "Table", "Charts", "Report"):
+    element(app, word)
+check("General is on", lambda: has(element(app, "General"), pyatspi.STATE_CHECKED))
+press(element(app, "Blood"))
+check("Blood is on", lambda: has(element(app, "Blood"), pyatspi.STATE_CHECKED))
+press(element(app, "General"))
+check("General is on again", lambda: has(element(app, "General"), pyatspi.STATE_CHECKED))
+
+# The table: its size, its titles, its cells, its selection.
+table = awaited("the table", lambda: pyatspi.findDescendant(app, lambda found: found.getRole() == pyatspi.ROLE_TABLE))
+check("15 days", lambda: table.queryTable().nRows == 15)
+check("the date's title", lambda: table.queryTable().getColumnDescription(1) == "Date")
+newest = table.queryTable().getAccessibleAt(0, 1).name
+check("a date in the first row: " + newest, lambda: len(newest) == 10 and newest.count("/") == 2)
+table.queryTable().addRowSelection(2)
+check("the third row is selected", lambda: table.queryTable().isRowSelected(2))
+
+# The calendar: it is in the tree while it is open, a day is picked, and the interval follows.
+press(element(app, "Start date"))
+first = awaited("the picked day",
+                lambda: pyatspi.findDescendant(app, lambda found: has(found, pyatspi.STATE_CHECKED)
+                                               and found.name.count(",") == 2))
+print("ok: the calendar shows " + first.name)
+press(element(app, "Previous month"))
+other = awaited("a day of the month before",
+                lambda: pyatspi.findDescendant(app, lambda found: found.name.count(",") == 2
+                                               and " 1, " in found.name and found.name != first.name))
+press(other)
+check("the table has grown", lambda: table.queryTable().nRows > 15)
+check("the calendar is gone", lambda: not has(other, pyatspi.STATE_SHOWING))
