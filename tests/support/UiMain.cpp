@@ -1,8 +1,8 @@
-// The entry of the test programs with widgets: gtest_main with a QApplication around it, on a desk of a known size
-// that nobody sees.
-#include <gtest/gtest.h>
-
+// The entry of the test programs with widgets: gtest_main with a QApplication around it, on a desk of a known
+// size that nobody sees.
 #include <QApplication>
+
+#include <gtest/gtest.h>
 
 int main(int argc, char** argv) {
   ::testing::InitGoogleTest(&argc, argv);
