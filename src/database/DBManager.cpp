@@ -163,9 +163,11 @@ qint32 DBManager::addRowToTable(const QString& table, const QList<DBField>& colu
   int place = 1;
   for (const DBField& column : columns)
     if (const FieldValue* value = values.find(column.title())) statement.bind(place++, column, *value);
+  const int code = statement.step();
   // Only the general error counts as a failure.
-  if (statement.step() == SQLITE_ERROR) return -1;
-  return static_cast<qint32>(sqlite3_last_insert_rowid(_database));
+  if (code == SQLITE_ERROR) return -1;
+  // An insert that fails when it is committed leaves a key behind that no row has and that the next one gets.
+  return code == SQLITE_DONE ? static_cast<qint32>(sqlite3_last_insert_rowid(_database)) : 0;
 }
 
 bool DBManager::updateRowInTable(const QString& table, const QList<DBField>& columns, const RowMap& values,

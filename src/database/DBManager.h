@@ -45,7 +45,7 @@ class DBManager {
 
   // Inserts the columns that have a value. The new row's key, or -1 when the file cannot be opened or SQLite
   // answers with its general error. Any other failure, such as a file that is read-only or stays locked, goes
-  // unnoticed: the key is then 0 or that of a row that never came to be.
+  // unnoticed and gives 0, a key that no row has.
   qint32 addRowToTable(const QString& table, const QList<DBField>& columns, const RowMap& values);
 
   // Writes the columns that have a value. False when the file cannot be opened or on SQLite's general error;

@@ -8,6 +8,12 @@
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
+#include <ostream>
+
+// Failures show texts as texts.
+inline void PrintTo(const QString& text, std::ostream* stream) {
+  *stream << '"' << text.toStdString() << '"';
+}
 
 namespace sanovia::test {
 
