@@ -10,6 +10,7 @@
 #include "database/General.h"
 #include "database/Pressure.h"
 #include "diary/DateInterval.h"
+#include "entry/EditAnimationView.h"
 #include "foundation/NotificationCenter.h"
 #include "foundation/SettingsStore.h"
 #include "licensing/Licensing.h"
@@ -25,6 +26,7 @@ const QString kMode = QStringLiteral("healthInfoMode");
 const QString kFrame = QStringLiteral("SanoviaWindow");
 const QString kTrialTitle = QStringLiteral(" :: (Trial Version)");
 constexpr QSize kLeastSize(800, 800);
+constexpr int kStripHeight = 120;
 
 AppDelegate* sharedApp = nullptr;
 
@@ -36,7 +38,8 @@ bool hasRows(const QString& from, const QString& to) {
 
 }  // namespace
 
-AppDelegate::AppDelegate() : _window(std::make_unique<MainWindow>()) {
+AppDelegate::AppDelegate()
+    : _window(std::make_unique<MainWindow>()), _editView(new EditAnimationView(_window->centralWidget())) {
   Preferences::fillInMissingDefaults();
   connectOutlets();
 }
@@ -57,6 +60,12 @@ void AppDelegate::connectOutlets() {
           [this] { showCalendarFrom(_window->outlets().bnCalendarFrom); });
   connect(ui.bnCalendarTo, &QAbstractButton::clicked, this,
           [this] { showCalendarTo(_window->outlets().bnCalendarTo); });
+  ui.dataView->setEditor(_editView);
+  ui.toolsView->setEditor(_editView);
+  connect(_editView, &AnimationView::moved, this, [this] {
+    if (!_editView->opened()) dataIsPresent();
+  });
+  connect(_window.get(), &MainWindow::didResize, this, &AppDelegate::windowDidResize);
   connect(_window.get(), &MainWindow::willClose, this, &AppDelegate::windowWillClose);
 }
 
@@ -72,6 +81,7 @@ void AppDelegate::applicationDidFinishLaunching() {
   NotificationCenter::defaultCenter().addObserver(this, changeMeasurementsNotification,
                                                   [this] { setUpCalendarTitle(); });
   DBManager::sharedInstance();
+  _editView->setTarget([this] { dataIsPresent(); });
   dataIsPresent();
   Language::setLanguage(Language::language());
   const qint64 type = settings.integer(kType);
@@ -82,6 +92,7 @@ void AppDelegate::applicationDidFinishLaunching() {
   setUpCalendarTitle();
   ui.chartsView->initValues();
   ui.dataView->updateData();
+  windowDidResize();
   _window->centralWidget()->update();
   registerApp();
 }
@@ -99,6 +110,14 @@ void AppDelegate::applicationWillTerminate() {
       kFrame,
       QStringLiteral("%1 %2 %3 %4").arg(frame.x()).arg(frame.y()).arg(frame.width()).arg(frame.height()));
   settings.synchronize();
+}
+
+// The panel hangs below the strip; shut, it lies just below the window's lower edge.
+void AppDelegate::windowDidResize() {
+  const QRect content = _window->centralWidget()->rect();
+  const int height = content.height() - kStripHeight;
+  const int top = _editView->opened() ? kStripHeight : content.height();
+  _editView->setFrame(QRect(0, top, content.width(), height));
 }
 
 void AppDelegate::windowWillClose() { QApplication::quit(); }

@@ -11,6 +11,7 @@
 
 namespace sanovia {
 
+class EditAnimationView;
 class MainWindow;
 class Popover;
 
@@ -25,6 +26,7 @@ class AppDelegate : public QObject, public MLCalendarViewDelegate {
   // The controller; null before applicationDidFinishLaunching().
   static AppDelegate* sharedAppDelegate();
 
+  EditAnimationView* editView() const { return _editView; }
   MainWindow* window() const { return _window.get(); }
   // The month page and what it hangs in; null before the first opening.
   MLCalendarView* calendarView() const { return _calendarView; }
@@ -36,6 +38,8 @@ class AppDelegate : public QObject, public MLCalendarViewDelegate {
   void applicationDidFinishLaunching();
   // Saves what the next run is to begin with.
   void applicationWillTerminate();
+  // Fits the edit panel into the window, open or shut as it is.
+  void windowDidResize();
   // The main window closes: the process ends.
   void windowWillClose();
 
@@ -67,7 +71,11 @@ class AppDelegate : public QObject, public MLCalendarViewDelegate {
   bool restoreFrame();
   void createCalendarPopover();
 
+  // An open panel goes away, since its record is about to leave the lists.
+  void closeEditPanel();
+
   std::unique_ptr<MainWindow> _window;
+  EditAnimationView* _editView;
   Popover* _calendarPopover = nullptr;
   MLCalendarView* _calendarView = nullptr;
 };

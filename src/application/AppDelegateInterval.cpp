@@ -4,6 +4,7 @@
 #include "controls/Popover.h"
 #include "dates/Utils.h"
 #include "diary/DateInterval.h"
+#include "entry/EditAnimationView.h"
 #include "foundation/Clock.h"
 #include "foundation/TextFormat.h"
 #include "localisation/Language.h"
@@ -31,10 +32,16 @@ QDateTime AppDelegate::getStartDate() {
   return Utils::dayStart(start);
 }
 
+void AppDelegate::closeEditPanel() {
+  _editView->setData({});
+  if (_editView->opened()) _editView->animate();
+}
+
 QDateTime AppDelegate::getEndDate() { return Utils::dayEnd(DateInterval::storedEndOrNow()); }
 
 // The date is stored before anybody hears of it: those who do ask for it in their turn.
 void AppDelegate::saveStartDate(const QDateTime& date) {
+  closeEditPanel();
   DateInterval::storeStart(date);
   _window->outlets().chartsView->setDateFrom();
   _window->outlets().dataView->updateData();
@@ -42,6 +49,7 @@ void AppDelegate::saveStartDate(const QDateTime& date) {
 }
 
 void AppDelegate::saveEndDate(const QDateTime& date) {
+  closeEditPanel();
   DateInterval::storeEnd(date);
   _window->outlets().chartsView->setDateTo();
   _window->outlets().dataView->updateData();

@@ -1,4 +1,4 @@
-// The main window as its layout file tells it, with the event that its controller needs.
+// The main window as its layout file tells it, with the two events that its controller needs.
 #pragma once
 
 #include <QMainWindow>
@@ -22,9 +22,11 @@ class MainWindow : public QMainWindow {
 
  signals:
   void willClose();
+  void didResize();
 
  protected:
   void closeEvent(QCloseEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
   std::unique_ptr<Ui::MainWindow> _ui;

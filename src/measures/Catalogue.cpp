@@ -60,6 +60,14 @@ std::optional<double> valueIn(const std::shared_ptr<Record>&, Value Other::*) {
   return std::nullopt;
 }
 
+template <class Record, class Value>
+void setValueIn(const std::shared_ptr<Record>& record, Value Record::*member, double value) {
+  (*record).*member = static_cast<Value>(value);
+}
+
+template <class Record, class Other, class Value>
+void setValueIn(const std::shared_ptr<Record>&, Value Other::*, double) {}
+
 }  // namespace
 
 std::span<const Measure> measuresOf(qint64 recordType, bool hasHeight) {
@@ -88,6 +96,16 @@ std::optional<double> storedValue(const Measure& measure, const RecordRef& recor
           return std::nullopt;
         else
           return valueIn(held, member);
+      },
+      record, measure.member);
+}
+
+void setStoredValue(const Measure& measure, const RecordRef& record, double value) {
+  std::visit(
+      [value](const auto& held, auto member) {
+        constexpr bool isNothing = std::is_same_v<std::remove_cvref_t<decltype(held)>, std::monostate> ||
+                                   std::is_same_v<decltype(member), std::monostate>;
+        if constexpr (!isNothing) setValueIn(held, member, value);
       },
       record, measure.member);
 }

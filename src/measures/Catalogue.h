@@ -63,6 +63,10 @@ std::optional<DateColumnMeasures> dateColumnOf(qint64 recordType);
 // it is computed. The body mass index is bodyMassIndex().
 std::optional<double> storedValue(const Measure& measure, const RecordRef& record);
 
+// Sets the value, in stored units: truncated toward zero where the record holds whole numbers, narrowed where
+// it holds single precision. Nothing happens where storedValue() finds nothing to read.
+void setStoredValue(const Measure& measure, const RecordRef& record, double value);
+
 // Weight in kilograms over the square of the height in metres; nothing without a weight or a height above 0.
 std::optional<double> bodyMassIndex(const RecordRef& record, float height);
 

@@ -53,8 +53,8 @@ QString valueText(const Measure& measure, const RecordRef& record) {
   return {};
 }
 
-QString dateText(const RecordRef& record) {
-  const QString date = std::visit(
+QString dateOf(const RecordRef& record) {
+  return std::visit(
       [](const auto& held) {
         if constexpr (std::is_same_v<std::remove_cvref_t<decltype(held)>, std::monostate>)
           return QString();
@@ -62,7 +62,10 @@ QString dateText(const RecordRef& record) {
           return held->date;
       },
       record);
-  return Utils::convertFormat(date, Utils::databaseFormat(),
+}
+
+QString dateText(const RecordRef& record) {
+  return Utils::convertFormat(dateOf(record), Utils::databaseFormat(),
                               Utils::dateFormatForMetric(Preferences::isMetric()));
 }
 

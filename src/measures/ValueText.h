@@ -18,6 +18,9 @@ double shownValue(double stored, Measure::Unit unit);
 // The text of the day's value; empty when there is none.
 QString valueText(const Measure& measure, const RecordRef& record);
 
+// The record's date, "yyyy-MM-dd"; a null string when there is no record.
+QString dateOf(const RecordRef& record);
+
 // The record's date in the format of the measure system; empty when there is no record or no such date.
 QString dateText(const RecordRef& record);
 

@@ -10,6 +10,7 @@
 #include "application/AppDelegate.h"
 #include "application/MainWindow.h"
 #include "controls/Popover.h"
+#include "entry/EditAnimationView.h"
 #include "entry/MyTableView.h"
 #include "foundation/SettingsStore.h"
 #include "localisation/Language.h"
@@ -18,7 +19,8 @@
 namespace sanovia {
 namespace {
 
-constexpr int kSettlingTime = 200;  // milliseconds
+constexpr int kSettlingTime = 300;  // milliseconds
+constexpr int kDayOfBloodTest = 14;
 
 class Photographer {
  public:
@@ -42,6 +44,16 @@ class Photographer {
       button->click();
       saved = take(QStringLiteral("table-") + button->objectName().mid(2).toLower()) && saved;
     }
+    for (StripButton* button : {ui.bnGeneral, ui.bnPressure, ui.bnBlood}) {
+      button->click();
+      settle();  // what the click closes has closed
+      // The newest day but one, or for blood tests the newest that has one.
+      ui.dataView->getTable()->selectRow(button == ui.bnBlood ? kDayOfBloodTest : 1);
+      ui.dataView->editData();
+      saved = take(QStringLiteral("panel-") + button->objectName().mid(2).toLower()) && saved;
+      _delegate->editView()->animate();
+      settle();
+    }
     ui.bnGeneral->click();
     ui.dataView->getTable()->selectRow(1);
     for (BaseColoredButton* button : {ui.bnCalendarFrom, ui.bnCalendarTo}) {
@@ -53,10 +65,15 @@ class Photographer {
   }
 
  private:
-  bool take(const QString& screen) {
-    QEventLoop settling;  // what fades in has come in
+  // Waits until whatever fades or slides has arrived.
+  static void settle() {
+    QEventLoop settling;
     QTimer::singleShot(kSettlingTime, &settling, &QEventLoop::quit);
     settling.exec();
+  }
+
+  bool take(const QString& screen) {
+    settle();
     const QString path = _folder.filePath(QStringLiteral("%1-%2.png").arg(screen, _language));
     if (!_delegate->window()->grab().save(path)) {
       QTextStream(stderr) << "sanovia-pictures: cannot write " << path << Qt::endl;

@@ -1,0 +1,199 @@
+#include "entry/EditAnimationView.h"
+
+#include <QKeyEvent>
+
+#include "controls/BaseColoredButton.h"
+#include "controls/WhiteSlider.h"
+#include "dates/Utils.h"
+#include "foundation/NotificationCenter.h"
+#include "localisation/Language.h"
+#include "measures/EntryRules.h"
+#include "measures/ValueText.h"
+#include "preferences/Preferences.h"
+
+namespace sanovia {
+namespace {
+
+constexpr int kFields = 5;
+constexpr int kRepeatDelay = 400;     // milliseconds until a held button repeats
+constexpr int kRepeatInterval = 100;  // milliseconds
+
+QString word(const char* key) { return Language::stringForKey(QString::fromLatin1(key)); }
+
+BaseColoredButton* makeButton(QWidget* parent, const QString& stem) {
+  auto* button = new BaseColoredButton(parent);
+  button->setImageName(stem + QStringLiteral("-off"));
+  button->setAlternateImageName(stem + QStringLiteral("-on"));
+  button->setAllowsMixedState(true);
+  return button;
+}
+
+}  // namespace
+
+EditAnimationView::EditAnimationView(QWidget* parent) : AnimationView(parent) {
+  setMovement(Up);
+  _closeButton = makeButton(this, QStringLiteral("Cancel"));
+  connect(_closeButton, &QPushButton::clicked, this, &EditAnimationView::buttonClose);
+  for (const bool isPlus : {true, false})
+    for (int field = 1; field <= kFields; ++field) {
+      BaseColoredButton* button = makeButton(this, isPlus ? QStringLiteral("Plus") : QStringLiteral("Minus"));
+      const int tag = _btnID + field + (isPlus ? 0 : kMinusOffset);
+      button->setProperty("tag", tag);
+      button->setAutoRepeat(true);
+      button->setAutoRepeatDelay(kRepeatDelay);
+      button->setAutoRepeatInterval(kRepeatInterval);
+      button->resize(static_cast<int>(panel::kButtonSize), static_cast<int>(panel::kButtonSize));
+      connect(button, &QPushButton::clicked, this, [this, tag] { buttonPressed(tag); });
+      _buttons.append(button);
+    }
+  setType(RecordType::general);
+  NotificationCenter::defaultCenter().addObserver(this, changeMeasurementsNotification, [this] {
+    nameControls();
+    update();
+  });
+}
+
+int EditAnimationView::columnCount() const {
+  return 1 + static_cast<int>(measuresOf(_type, Preferences::hasHeight()).size());
+}
+
+const Measure* EditAnimationView::measureOf(qint64 column) const {
+  const std::span<const Measure> measures = measuresOf(_type, Preferences::hasHeight());
+  return column < 1 || column > std::ssize(measures) ? nullptr : &measures[static_cast<size_t>(column - 1)];
+}
+
+void EditAnimationView::setType(qint64 type) {
+  _type = type;
+  qDeleteAll(_sliders);
+  _sliders.fill(nullptr, columnCount());
+  for (int column = 1; column < columnCount(); ++column) {
+    if (!isEntered(*measureOf(column))) continue;
+    _sliders[column] = new WhiteSlider(this);
+    _sliders[column]->show();
+    connect(_sliders[column], &WhiteSlider::moved, this, [this, column] { sliderChanged(column); });
+  }
+  for (int field = 1; field <= kFields; ++field)
+    for (const int tag : {_btnID + field, _btnID + kMinusOffset + field})
+      buttonOf(tag)->setVisible(sliderOf(field) != nullptr);
+  layoutControls();
+  walkByTab();
+  nameControls();
+}
+
+void EditAnimationView::setData(const RecordRef& record) {
+  _data = record;
+  for (int column = 1; column < _sliders.size(); ++column) loadSlider(column);
+  nameControls();
+  update();
+}
+
+void EditAnimationView::loadSlider(int column) {
+  const Measure* measure = measureOf(column);
+  WhiteSlider* slider = sliderOf(column);
+  if (measure == nullptr || slider == nullptr) return;
+  const std::optional<ChartValue> setUp = sliderSetUp(*measure, _data);
+  slider->setTicks(nearestTick(*setUp, setUp->val()), tickCount(*setUp) - 1);
+  slider->setSpoken({.min = static_cast<double>(setUp->min()),
+                     .max = static_cast<double>(setUp->max()),
+                     .value = stringOfData(column)});
+}
+
+QString EditAnimationView::stringOfData(qint64 column) const {
+  if (const Measure* measure = measureOf(column)) return valueText(*measure, _data);
+  if (column != 0 || isEmpty(_data)) return {};
+  const QString date = dateOf(_data);
+  return _type == RecordType::general
+             ? Utils::convertFormat(date, Utils::databaseFormat(), QStringLiteral("dd MMM, YYYY"))
+             : date;
+}
+
+WhiteSlider* EditAnimationView::sliderOf(int column) const { return _sliders.value(column); }
+
+BaseColoredButton* EditAnimationView::buttonOf(int tag) const {
+  for (BaseColoredButton* button : _buttons)
+    if (button->property("tag").toInt() == tag) return button;
+  return nullptr;
+}
+
+void EditAnimationView::sliderChanged(int column) {
+  const Measure* measure = measureOf(column);
+  if (isEmpty(_data) || measure == nullptr) return;
+  const std::optional<ChartValue> setUp = sliderSetUp(*measure, _data);
+  enterSliderValue(*measure, _data, tickValue(*setUp, sliderOf(column)->tick()));
+  store(_data);
+  sliderOf(column)->setSpoken({.min = static_cast<double>(setUp->min()),
+                               .max = static_cast<double>(setUp->max()),
+                               .value = stringOfData(column)});
+  valueChanged();
+}
+
+void EditAnimationView::buttonPressed(int tag) {
+  if (isEmpty(_data)) return;
+  const int number = tag - _btnID;
+  const bool isPlus = number <= kFields;
+  const Measure* measure = measureOf(isPlus ? number : number - kMinusOffset);
+  if (measure != nullptr) enterStep(*measure, _data, isPlus);
+  store(_data);
+  for (int column = 1; column < _sliders.size(); ++column) loadSlider(column);
+  valueChanged();
+}
+
+void EditAnimationView::buttonClose() { animate(); }
+
+void EditAnimationView::valueChanged() {
+  update(QRectF(panel::kValueStrip.topLeft(), QSizeF(width(), panel::kValueStrip.height())).toAlignedRect());
+}
+
+void EditAnimationView::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Escape && opened()) animate();
+  event->accept();  // no key of the panel reaches the views behind it
+}
+
+void EditAnimationView::resizeEvent(QResizeEvent* event) {
+  AnimationView::resizeEvent(event);
+  layoutControls();
+}
+
+void EditAnimationView::layoutControls() {
+  const EditPanelPlan where = plan();
+  for (int column = 1; column < _sliders.size(); ++column) {
+    if (sliderOf(column) == nullptr) continue;
+    const EditPanelColumn& place = where.columns[static_cast<size_t>(column)];
+    sliderOf(column)->setGeometry(QRect(place.slider.topLeft().toPoint(), place.slider.size().toSize()));
+    buttonOf(_btnID + column)->move(place.plus.toPoint());
+    buttonOf(_btnID + kMinusOffset + column)->move(place.minus.toPoint());
+  }
+  _closeButton->setGeometry(where.closeButton.toRect());
+}
+
+// Field by field from left to right, from plus to minus, and the close button last.
+void EditAnimationView::walkByTab() {
+  QWidget* before = this;
+  const auto next = [&before](QWidget* widget) {
+    setTabOrder(before, widget);
+    before = widget;
+  };
+  for (int column = 1; column < _sliders.size(); ++column) {
+    if (sliderOf(column) == nullptr) continue;
+    next(buttonOf(_btnID + column));
+    next(sliderOf(column));
+    next(buttonOf(_btnID + kMinusOffset + column));
+  }
+  next(_closeButton);
+}
+
+void EditAnimationView::nameControls() {
+  for (int column = 1; column < _sliders.size(); ++column) {
+    if (sliderOf(column) == nullptr) continue;
+    const Measure* measure = measureOf(column);
+    if (measure == nullptr) continue;
+    const QString field = word(measure->titleKey);
+    sliderOf(column)->setAccessibleName(titleOf(measure->titleKey, measure->unit));
+    buttonOf(_btnID + column)->setAccessibleName(field + QLatin1Char(' ') + word("plus"));
+    buttonOf(_btnID + kMinusOffset + column)->setAccessibleName(field + QLatin1Char(' ') + word("minus"));
+  }
+  _closeButton->setAccessibleName(word("Close"));
+  setAccessibleName(word("date") + QLatin1Char(' ') + dateText(_data));
+}
+
+}  // namespace sanovia

@@ -1,0 +1,78 @@
+// The panel that slides over the main view and edits one day's record. Each field has a slider and a pair of
+// plus and minus buttons; every change goes into the record and into the diary at once, so that there is
+// nothing to save and nothing to cancel. The panel changes the very record that it is given and keeps no
+// copy.
+#pragma once
+
+#include <QVector>
+
+#include "charts/DayEditor.h"
+#include "entry/AnimationView.h"
+#include "entry/EditPanelPlan.h"
+#include "measures/Catalogue.h"
+
+namespace sanovia {
+
+class BaseColoredButton;
+class WhiteSlider;
+
+class EditAnimationView : public AnimationView, public DayEditor {
+  Q_OBJECT
+
+ public:
+  // Tags of the controls: sliders have their column's number, plus and minus buttons lie above the boundary.
+  static constexpr int _btnID = 600;
+  static constexpr int kMinusOffset = 10;
+
+  explicit EditAnimationView(QWidget* parent = nullptr);
+
+  bool opened() const override { return AnimationView::opened(); }
+  void setTarget(std::function<void()> action) override { AnimationView::setTarget(std::move(action)); }
+  void animate() override { AnimationView::animate(); }
+
+  qint64 type() const { return _type; }
+  // Makes the sliders of the kind of record. Their ranges come with the next setData().
+  void setType(qint64 type) override;
+  const RecordRef& data() const { return _data; }
+  // Shows the record; stores nothing. Empty for no record: then no control does anything.
+  void setData(const RecordRef& record) override;
+
+  // The text of a column's value, column 0 being the date; empty for an unset one and outside the columns.
+  QString stringOfData(qint64 column) const;
+
+  // The slider of a column, null for a column without one.
+  WhiteSlider* sliderOf(int column) const;
+  // The plus or minus button with the tag, null when there is none.
+  BaseColoredButton* buttonOf(int tag) const;
+  BaseColoredButton* closeButton() const { return _closeButton; }
+
+  // Actions of the controls.
+  void sliderChanged(int column);
+  void buttonPressed(int tag);
+  void buttonClose();
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  int columnCount() const;
+  const Measure* measureOf(qint64 column) const;
+  QString titleOfColumn(int column) const;
+  QString imageOfColumn(int column) const;
+  EditPanelPlan plan() const;
+  void layoutControls();
+  void loadSlider(int column);
+  void nameControls();
+  void walkByTab();
+  void valueChanged();
+
+  qint64 _type = RecordType::general;
+  RecordRef _data;
+  QVector<WhiteSlider*> _sliders;  // by column, null where there is none
+  QVector<BaseColoredButton*> _buttons;
+  BaseColoredButton* _closeButton;
+};
+
+}  // namespace sanovia

@@ -1,0 +1,43 @@
+// A value that the panel has shown is in the file, whenever the process is killed.
+#include <QDir>
+#include <QProcess>
+#include <QThread>
+
+#include "support/TestHome.h"
+
+namespace sanovia::test {
+namespace {
+
+class Kill : public TestHome {};
+
+TEST_F(Kill, AtAnyMomentOfAHeldButtonLosesNoShownValue) {
+  constexpr int kills = 25;
+  int shownInAll = 0;
+  for (int i = 0; i < kills; ++i) {
+    QDir(dataFolder()).removeRecursively();
+    QProcess program;
+    program.start(QStringLiteral(SANOVIA_HOLD_PLUS), QStringList());
+    QByteArray said;
+    while (said.count('\n') <= i % 5) {
+      ASSERT_TRUE(program.waitForReadyRead(30000));
+      said += program.readAllStandardOutput();
+    }
+    QThread::usleep(static_cast<unsigned long>(i) * 1700);  // another moment each time
+    program.kill();
+    program.waitForFinished();
+    const QList<QByteArray> lines = (said + program.readAllStandardOutput()).split('\n');
+    ASSERT_GE(lines.size(), 2);
+    const double shown = lines[lines.size() - 2].toDouble();  // the last line that was said to its end
+    shownInAll += static_cast<int>(lines.size()) - 1;
+    EXPECT_EQ(query(QStringLiteral("PRAGMA integrity_check")), texts({"ok"}));
+    const QStringList stored = query(QStringLiteral("SELECT esp FROM blood"));
+    ASSERT_EQ(stored.size(), 1);
+    // The kill may come when the next value is stored and not yet shown.
+    EXPECT_GE(stored.first().toDouble(), shown - 0.01);
+    EXPECT_LE(stored.first().toDouble(), shown + 0.11);
+  }
+  EXPECT_GT(shownInAll, kills * 2) << "the button was held, not only pressed";
+}
+
+}  // namespace
+}  // namespace sanovia::test
