@@ -33,6 +33,7 @@ BaseColoredButton* makeButton(QWidget* parent, const QString& stem) {
 EditAnimationView::EditAnimationView(QWidget* parent) : AnimationView(parent) {
   setMovement(Up);
   _closeButton = makeButton(this, QStringLiteral("Cancel"));
+  _closeSize = NamedImage::named(QStringLiteral("Clear-off")).size();
   connect(_closeButton, &QPushButton::clicked, this, &EditAnimationView::buttonClose);
   for (const bool isPlus : {true, false})
     for (int field = 1; field <= kFields; ++field) {
@@ -66,6 +67,9 @@ void EditAnimationView::setType(qint64 type) {
   _type = type;
   qDeleteAll(_sliders);
   _sliders.fill(nullptr, columnCount());
+  _icons.clear();
+  for (int column = 0; column < columnCount(); ++column)
+    _icons.append(NamedImage::named(imageOfColumn(column)));
   for (int column = 1; column < columnCount(); ++column) {
     if (!isEntered(*measureOf(column))) continue;
     _sliders[column] = new WhiteSlider(this);

@@ -7,6 +7,7 @@
 #include <QVector>
 
 #include "charts/DayEditor.h"
+#include "drawing/NamedImage.h"
 #include "entry/AnimationView.h"
 #include "entry/EditPanelPlan.h"
 #include "measures/Catalogue.h"
@@ -62,6 +63,8 @@ class EditAnimationView : public AnimationView, public DayEditor {
   QString titleOfColumn(int column) const;
   QString imageOfColumn(int column) const;
   EditPanelPlan plan() const;
+  void paintBand(QPainter& painter, const EditPanelPlan& where) const;
+  void paintField(QPainter& painter, const EditPanelPlan& where) const;
   void layoutControls();
   void loadSlider(int column);
   void nameControls();
@@ -71,6 +74,8 @@ class EditAnimationView : public AnimationView, public DayEditor {
   qint64 _type = RecordType::general;
   RecordRef _data;
   QVector<WhiteSlider*> _sliders;  // by column, null where there is none
+  QVector<NamedImage> _icons;      // by column
+  QSizeF _closeSize;
   QVector<BaseColoredButton*> _buttons;
   BaseColoredButton* _closeButton;
 };

@@ -1,5 +1,6 @@
 // The painting of the edit panel: it paints what the plan places and decides nothing.
 #include <QFontMetricsF>
+#include <QPaintEvent>
 #include <QPainter>
 #include <QPainterPath>
 
@@ -40,27 +41,25 @@ QString EditAnimationView::imageOfColumn(int column) const {
 }
 
 EditPanelPlan EditAnimationView::plan() const {
-  return editPanelPlan(size(), static_cast<int>(_sliders.size()), NamedImage::named(imageOfColumn(0)).size(),
-                       NamedImage::named(QStringLiteral("Clear-off")).size());
+  return editPanelPlan(size(), static_cast<int>(_sliders.size()), _icons.first().size(), _closeSize);
 }
 
-void EditAnimationView::paintEvent(QPaintEvent* /*event*/) {
-  const EditPanelPlan where = plan();
-  QPainter painter(this);
-  painter.setRenderHint(QPainter::Antialiasing);
+void EditAnimationView::paintBand(QPainter& painter, const EditPanelPlan& where) const {
   painter.fillRect(where.redGround, palette::red);
-  painter.fillRect(where.foot, palette::teal);
-
   QPainterPath band;
   band.addPolygon(where.band);
   painter.fillPath(band, palette::white);
   painter.setPen(palette::red);
+  const QFont font = fonts::verdana(kTitlePixels);
   for (int i = 0; i < static_cast<int>(where.columns.size()); ++i) {
     const EditPanelColumn& column = where.columns[static_cast<size_t>(i)];
-    NamedImage::named(imageOfColumn(i)).drawInRect(painter, column.icon);
-    drawCentred(painter, fonts::verdana(kTitlePixels), column.centre, column.titleTop, titleOfColumn(i));
+    _icons[i].drawInRect(painter, column.icon);
+    drawCentred(painter, font, column.centre, column.titleTop, titleOfColumn(i));
   }
+}
 
+void EditAnimationView::paintField(QPainter& painter, const EditPanelPlan& where) const {
+  painter.fillRect(where.foot, palette::teal);
   painter.fillRect(where.shadow, palette::darkTeal);
   painter.fillRect(where.redField, palette::red);
   painter.setPen(palette::white);
@@ -71,6 +70,15 @@ void EditAnimationView::paintEvent(QPaintEvent* /*event*/) {
   for (int i = 0; i < static_cast<int>(where.columns.size()); ++i)
     drawCentred(painter, font, where.columns[static_cast<size_t>(i)].centre, panel::kValueTop,
                 stringOfData(i));
+}
+
+// A change of a value repaints the strip of values alone, which leaves the band above it out.
+void EditAnimationView::paintEvent(QPaintEvent* event) {
+  const EditPanelPlan where = plan();
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  if (event->rect().top() < panel::kBandHeight) paintBand(painter, where);
+  paintField(painter, where);
 }
 
 }  // namespace sanovia
