@@ -7,6 +7,8 @@ namespace sanovia::palette {
 
 inline constexpr QColor white{255, 255, 255};
 inline constexpr QColor red{227, 41, 59};
+// Painted signs.
+inline constexpr QColor darkRed{159, 45, 52};
 inline constexpr QColor teal{38, 121, 151};
 // The stripe of a table's even rows, and the mark of today in the calendar.
 inline constexpr QColor lightTeal{2, 163, 203};

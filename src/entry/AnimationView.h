@@ -26,6 +26,7 @@ class AnimationView : public QWidget {
 
   // Changes only when a slide has ended.
   bool opened() const { return _opened; }
+  bool canAnimate() const { return _opened && !isAnimating(); }
   bool isAnimating() const { return _slide.state() == QAbstractAnimation::Running; }
 
   // What to run when a slide has ended, opening or closing; empty for nothing.

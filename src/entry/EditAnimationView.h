@@ -47,6 +47,9 @@ class EditAnimationView : public AnimationView, public DayEditor {
   BaseColoredButton* buttonOf(int tag) const;
   BaseColoredButton* closeButton() const { return _closeButton; }
 
+  // Paints a plus or a minus sign that fills the rectangle.
+  static void drawSign(QPainter& painter, bool isPlus, const QRectF& rect);
+
   // Actions of the controls.
   void sliderChanged(int column);
   void buttonPressed(int tag);

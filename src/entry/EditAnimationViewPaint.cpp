@@ -17,6 +17,7 @@ namespace {
 
 constexpr int kTitlePixels = 14;
 constexpr int kValuePixels = 17;
+constexpr double kSignWidth = 7;
 
 // A text whose upper edge is at y and whose middle is at x.
 void drawCentred(QPainter& painter, const QFont& font, double x, double y, const QString& text) {
@@ -42,6 +43,15 @@ QString EditAnimationView::imageOfColumn(int column) const {
 
 EditPanelPlan EditAnimationView::plan() const {
   return editPanelPlan(size(), static_cast<int>(_sliders.size()), _icons.first().size(), _closeSize);
+}
+
+void EditAnimationView::drawSign(QPainter& painter, bool isPlus, const QRectF& rect) {
+  painter.save();
+  painter.setPen(QPen(palette::darkRed, kSignWidth, Qt::SolidLine, Qt::FlatCap));
+  painter.drawLine(QPointF(rect.left(), rect.center().y()), QPointF(rect.right(), rect.center().y()));
+  if (isPlus)
+    painter.drawLine(QPointF(rect.center().x(), rect.top()), QPointF(rect.center().x(), rect.bottom()));
+  painter.restore();
 }
 
 void EditAnimationView::paintBand(QPainter& painter, const EditPanelPlan& where) const {
