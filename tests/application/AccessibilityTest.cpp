@@ -1,31 +1,25 @@
 // What a screen reader finds: the strip, the table and the calendar by role, name, value and action.
 #include <QAccessible>
-#include <QTest>
 
-#include "application/AppDelegate.h"
-#include "application/MainWindow.h"
 #include "controls/Popover.h"
 #include "database/General.h"
 #include "entry/MyTableView.h"
-#include "support/TestHome.h"
-#include "ui_MainWindow.h"
+#include "support/LaunchedHome.h"
 
 namespace sanovia::test {
 namespace {
 
-class AccessibilityTest : public TestHome {
+using namespace Qt::StringLiterals;
+
+class AccessibilityTest : public LaunchedHome {
  protected:
   AccessibilityTest() {
     QAccessible::setActive(true);
-    General record(QStringLiteral("2026-11-15"));
+    General record(u"2026-11-15"_s);
     record.temperature = 37.5;
     record.update();
-    setLocale(QStringLiteral("de_DE"));
-    restart();
-    delegate = std::make_unique<AppDelegate>();
-    delegate->applicationWillFinishLaunching();
-    delegate->window()->show();
-    delegate->applicationDidFinishLaunching();
+    setLocale(u"de_DE"_s);
+    launch();
   }
 
   // The first element below the root with that role and name; null when there is none or it cannot be seen.
@@ -47,18 +41,15 @@ class AccessibilityTest : public TestHome {
   static QAccessible::Role roleOf(const QWidget* widget) {
     return QAccessible::queryAccessibleInterface(const_cast<QWidget*>(widget))->role();
   }
-
-  std::unique_ptr<AppDelegate> delegate;
 };
 
 TEST_F(AccessibilityTest, OperatesTheStrip) {
-  Ui::MainWindow& ui = delegate->window()->outlets();
-  const QAccessible::Role role = roleOf(ui.bnGeneral);
+  const QAccessible::Role role = roleOf(ui().bnGeneral);
   for (const char* name : {"Allgemein", "Blutdruck", "Blutwerte", "Tabelle", "Diagramme"})
     EXPECT_NE(find(role, name), nullptr) << name;
   EXPECT_TRUE(find(role, "Allgemein")->state().checked);
   press(find(role, "Blutdruck"));
-  EXPECT_EQ(ui.toolsView->type(), 1);
+  EXPECT_EQ(ui().toolsView->type(), 1);
   EXPECT_TRUE(find(role, "Blutdruck")->state().checked);
   EXPECT_FALSE(find(role, "Allgemein")->state().checked);
   EXPECT_NE(find(QAccessible::Button, "Bericht"), nullptr);
@@ -66,21 +57,20 @@ TEST_F(AccessibilityTest, OperatesTheStrip) {
 }
 
 TEST_F(AccessibilityTest, ReadsAndSelectsInTheTable) {
-  QAccessibleInterface* table =
-      QAccessible::queryAccessibleInterface(delegate->window()->outlets().dataView->getTable());
+  QAccessibleInterface* table = QAccessible::queryAccessibleInterface(ui().dataView->getTable());
   ASSERT_NE(table->tableInterface(), nullptr);
   EXPECT_EQ(table->tableInterface()->rowCount(), 15);
-  EXPECT_EQ(table->tableInterface()->columnDescription(2), QStringLiteral("Temperatur, °C"));
-  EXPECT_EQ(table->tableInterface()->cellAt(0, 1)->text(QAccessible::Name), QStringLiteral("15/11/2026"));
-  EXPECT_EQ(table->tableInterface()->cellAt(0, 2)->text(QAccessible::Name), QStringLiteral("37.5"));
+  EXPECT_EQ(table->tableInterface()->columnDescription(2), u"Temperatur, °C"_s);
+  EXPECT_EQ(table->tableInterface()->cellAt(0, 1)->text(QAccessible::Name), u"15/11/2026"_s);
+  EXPECT_EQ(table->tableInterface()->cellAt(0, 2)->text(QAccessible::Name), u"37.5"_s);
   EXPECT_FALSE(table->tableInterface()->cellAt(0, 0)->text(QAccessible::Name).isEmpty());
   table->tableInterface()->selectRow(3);
-  EXPECT_EQ(delegate->window()->outlets().dataView->getTable()->selectedRow(), 3);
+  EXPECT_EQ(ui().dataView->getTable()->selectedRow(), 3);
 }
 
 TEST_F(AccessibilityTest, PicksADayInTheCalendar) {
   press(find(QAccessible::Button, "Startdatum"));
-  const QAccessible::Role role = roleOf(delegate->calendarView()->findChild<QWidget*>(QStringLiteral("c1")));
+  const QAccessible::Role role = roleOf(delegate->calendarView()->findChild<QWidget*>(u"c1"_s));
   QAccessibleInterface* picked = find(role, "Sonntag, 1. November 2026");
   ASSERT_NE(picked, nullptr) << "the popover is in the accessible tree";
   EXPECT_TRUE(picked->state().checked);

@@ -1,8 +1,4 @@
 // The lowest floor: settings and their file, broadcasts, and the filling of formats.
-#include <QFile>
-
-#include <random>
-
 #include "foundation/NotificationCenter.h"
 #include "foundation/Paths.h"
 #include "foundation/SettingsStore.h"
@@ -16,19 +12,10 @@ using namespace Qt::StringLiterals;
 
 class Foundation : public TestHome {
  protected:
-  static QByteArray bytesOf(const QString& path) {
-    QFile file(path);
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-    return file.readAll();
-  }
-
   // A store that knows nothing but the bytes, since no store has opened its file before.
   SettingsStore storeOf(const QByteArray& bytes) {
     _copy = file(u"copy%1.conf"_s.arg(++_copies));
-    QFile copy(_copy);
-    EXPECT_TRUE(copy.open(QIODevice::WriteOnly));
-    EXPECT_EQ(copy.write(bytes), bytes.size());
-    copy.close();
+    writeBytes(_copy, bytes);
     return SettingsStore(_copy);
   }
 
@@ -47,36 +34,28 @@ TEST_F(Foundation, EveryKindOfSettingIsReadBackFromTheFile) {
   SettingsStore& written = SettingsStore::standard();
   written.setInteger(u"type"_s, -9'000'000'000);
   written.setReal(u"height"_s, 1.7F);
-  written.setDate(u"summer"_s, localTime(u"2026-07-01T00:15:00"_s));
-  written.setDate(u"winter"_s, localTime(u"2026-11-01T10:30:00"_s));
+  written.setDate(u"summer"_s, at("2026-07-01T00:15:00"));
   written.setIntegers(u"many"_s, {101, -2, 103});
   written.setIntegers(u"none"_s, {});
-  written.setDate(u"gone"_s, localTime(u"2026-11-01T10:30:00"_s));
+  written.setDate(u"gone"_s, at("2026-11-01T10:30:00"));
   written.setDate(u"gone"_s, QDateTime());
 
   const SettingsStore read = storeAfterRestart();
   const QList<QByteArray> lines = bytesOf(_copy).split('\n');
-  for (const char* line :
-       {"[General]", "height=1.7", "summer=2026-06-30T22:15:00Z", "winter=2026-11-01T09:30:00Z"})
-    EXPECT_TRUE(lines.contains(line)) << line;
+  EXPECT_TRUE(lines.contains("height=1.7") && lines.contains("summer=2026-06-30T22:15:00Z"));
   EXPECT_EQ(read.integer(u"type"_s), -9'000'000'000);
   EXPECT_EQ(read.real(u"height"_s), 1.7F);
-  EXPECT_EQ(read.date(u"summer"_s), localTime(u"2026-07-01T00:15:00"_s));
+  EXPECT_EQ(read.date(u"summer"_s), at("2026-07-01T00:15:00"));
   EXPECT_EQ(read.date(u"summer"_s).timeSpec(), Qt::LocalTime);
   EXPECT_EQ(read.integers(u"many"_s), QList<qint64>({101, -2, 103}));
   EXPECT_TRUE(read.contains(u"none"_s) && read.integers(u"none"_s).isEmpty());
   EXPECT_FALSE(read.contains(u"gone"_s));
-  EXPECT_TRUE(read.string(u"gone"_s).isNull());
-}
 
-TEST_F(Foundation, AnyNameIsReadBackFromTheFile) {
-  for (const QString& name : {u""_s, u"Meier, Anna"_s, u",,"_s, u" Anna "_s, u"Anna \"Ann\" O'Neil"_s,
-                              u"Jürgen Groß"_s, u"李小龍 😀"_s, u"@Variant(x)"_s, u"@"_s, u"a=b;c#d [x]"_s,
-                              u"two\nlines\tand \\x41 \\"_s, u"100% %2F"_s}) {
-    SettingsStore::standard().setString(u"userName"_s, name);
-    const QString read = storeAfterRestart().string(u"userName"_s);
-    EXPECT_EQ(read.toStdString(), name.toStdString());
-    EXPECT_FALSE(read.isNull());
+  for (const QString& name : {u""_s, u"Meier, Anna"_s, u",,"_s, u" Anna \"Ann\" O'Neil "_s, u"李小龍 😀"_s,
+                              u"@Variant(x)"_s, u"a=b;c#d [x]"_s, u"two\nlines\tand \\x41 \\"_s, u"%2F"_s}) {
+    written.setString(u"userName"_s, name);
+    const QString again = storeAfterRestart().string(u"userName"_s);
+    EXPECT_TRUE(again == name && !again.isNull()) << qPrintable(name);
   }
 }
 
@@ -95,14 +74,9 @@ TEST_F(Foundation, ValuesOfAWrongKindReadAsNothing) {
 }
 
 TEST_F(Foundation, AFileOfNonsenseIsReadAndThenWritten) {
-  std::mt19937 random(20261115);
   QList<QByteArray> files{"", QByteArray(4, '\0'), "[General", "=\n==\n[]\n[[\n\\",
                           "[General]\nx=@Variant(\\xff"};
-  for (int i = 0; i < 40; ++i) {
-    QByteArray noise(static_cast<qsizetype>(random() % 2000), '\0');
-    for (char& byte : noise) byte = static_cast<char>(random());
-    files.append(i % 2 == 0 ? noise : "[General]\nuserHeight=" + noise);
-  }
+  for (int i = 0; i < 40; ++i) files.append((i % 2 == 0 ? "" : "[General]\nuserHeight=") + noise(i, i * 50));
   for (const QByteArray& bytes : files) {
     SettingsStore store = storeOf(bytes);
     EXPECT_EQ(store.integer(u"userHeight"_s), 0);
@@ -113,12 +87,11 @@ TEST_F(Foundation, AFileOfNonsenseIsReadAndThenWritten) {
 }
 
 TEST_F(Foundation, ASettingsFolderThatCannotBeMadeKeepsTheValuesInMemory) {
-  QFile obstacle(configFolder());
-  ASSERT_TRUE(obstacle.open(QIODevice::WriteOnly));
+  writeBytes(configFolder(), "a file where the folder should be");
   SettingsStore::standard().setString(u"userName"_s, u"Anna"_s);
   SettingsStore::standard().synchronize();
   EXPECT_EQ(SettingsStore::standard().string(u"userName"_s), u"Anna"_s);
-  EXPECT_EQ(takeLog(), QStringList(u"Failed to synchronize the settings, status = 1"_s));
+  EXPECT_EQ(takeLog(), texts({"Failed to synchronize the settings, status = 1"}));
 }
 
 TEST_F(Foundation, ObserversMayAddPostAndDieDuringAPosting) {
@@ -135,35 +108,25 @@ TEST_F(Foundation, ObserversMayAddPostAndDieDuringAPosting) {
   });
   center.addObserver(victim.get(), u"a"_s, [&] { calls += u'x'; });
   center.addObserver(&owner, u"b"_s, [&] { calls += u'b'; });
-  center.addObserver(&owner, u"a"_s, [&] { calls += u'2'; });
   center.post(u"a"_s);
-  EXPECT_EQ(calls, u"1b2"_s);
+  EXPECT_EQ(calls, u"1b"_s);
   center.post(u"a"_s);
-  EXPECT_EQ(calls, u"1b212"_s + QString(100, u'+'));
+  EXPECT_EQ(calls, u"1b1"_s + QString(100, u'+'));
 }
 
 TEST_F(Foundation, AFormatIsFilledOnceAndNeverTrusted) {
-  // clang-format off
-  const struct { QString format, value, result; } cases[] = {
-      {u"%d days"_s, u"15"_s, u"15 days"_s}, {u"From %@"_s, u"%d %@"_s, u"From %d %@"_s}, {u"%s%s%n"_s, u"x"_s, u"x%s%n"_s},
-      {u"%ld|%lld"_s, u"1"_s, u"1|%lld"_s}, {u"[%-08.3f]"_s, u"\\1"_s, u"[\\1]"_s}, {u"100%"_s, u"x"_s, u"100%"_s},
-      {u"%n%p%x%*d"_s, u"x"_s, u"%n%p%x%*d"_s}, {u""_s, u"x"_s, u""_s}, {u"第 %@ 天"_s, u"三"_s, u"第 三 天"_s}};
-  // clang-format on
+  const char* const cases[][3] = {
+      {"From %@", "%d %@", "From %d %@"}, {"%s%s%n", "x", "x%s%n"},
+      {"%ld|%lld", "1", "1|%lld"},        {"[%-08.3f]", "\\1", "[\\1]"},
+      {"%n%p%x%*d", "x", "%n%p%x%*d"},    {"第 %@ 天 100%", "三", "第 三 天 100%"}};
   for (const auto& [format, value, result] : cases)
-    EXPECT_EQ(filled(format, value), result) << qPrintable(format);
+    EXPECT_EQ(filled(QString::fromUtf8(format), QString::fromUtf8(value)).toStdString(), result);
   EXPECT_TRUE(filled(QString(), u"x"_s).isNull());
-}
 
-TEST_F(Foundation, OneDecimalIsRoundedAsPrintfRoundsIt) {
+  // One decimal is rounded as printf rounds it: exact halves go to the even neighbour.
   setLocale(u"de_DE"_s);
-  // Exact halves go to the even neighbour.
-  for (const auto& [value, text] : {std::pair(36.6, "36.6"),
-                                    {99.95, "100.0"},
-                                    {-1.26, "-1.3"},
-                                    {12.75, "12.8"},
-                                    {36.25, "36.2"},
-                                    {0.25, "0.2"},
-                                    {-12.25, "-12.2"}})
+  for (const auto& [value, text] :
+       {std::pair(99.95, "100.0"), {12.75, "12.8"}, {36.25, "36.2"}, {-1.26, "-1.3"}})
     EXPECT_EQ(oneDecimal(value).toStdString(), text);
 }
 

@@ -1,9 +1,11 @@
 #include "support/TestHome.h"
 
+#include <QDir>
 #include <QFile>
 #include <QLocale>
 
 #include <ctime>
+#include <random>
 #include <sqlite3.h>
 
 #include "database/DBManager.h"
@@ -42,10 +44,49 @@ ScopedZone::~ScopedZone() { setZone(_before); }
 
 QDateTime localTime(const QString& text) { return QDateTime::fromString(text, Qt::ISODate); }
 
+QByteArray bytesOf(const QString& path) {
+  QFile file(path);
+  EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << qPrintable(path);
+  return file.readAll();
+}
+
+void writeBytes(const QString& path, const QByteArray& bytes) {
+  EXPECT_TRUE(QDir().mkpath(QFileInfo(path).path()));
+  QFile file(path);
+  EXPECT_TRUE(file.open(QIODevice::WriteOnly)) << qPrintable(path);
+  EXPECT_EQ(file.write(bytes), bytes.size());
+}
+
+QByteArray noise(quint32 seed, qsizetype size) {
+  std::mt19937 random(seed);
+  QByteArray bytes(size, '\0');
+  for (char& byte : bytes) byte = static_cast<char>(random());
+  return bytes;
+}
+
 QStringList texts(std::initializer_list<const char*> list) {
   QStringList result;
   for (const char* text : list) result.append(QString::fromUtf8(text));
   return result;
+}
+
+OtherProcess::OtherProcess() {
+  EXPECT_EQ(sqlite3_open(Paths::databaseFile().toUtf8(), &_database), SQLITE_OK);
+}
+
+OtherProcess::~OtherProcess() { sqlite3_close(_database); }
+
+QStringList OtherProcess::query(const QString& sql) {
+  QStringList rows;
+  sqlite3_stmt* statement = nullptr;
+  EXPECT_EQ(sqlite3_prepare_v2(_database, sql.toUtf8(), -1, &statement, nullptr), SQLITE_OK)
+      << qPrintable(sql);
+  int code = SQLITE_DONE;
+  while ((code = sqlite3_step(statement)) == SQLITE_ROW)
+    rows.append(QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(statement, 0))));
+  EXPECT_EQ(code, SQLITE_DONE) << qPrintable(sql);
+  sqlite3_finalize(statement);
+  return rows;
 }
 
 TestHome::TestHome() {
@@ -79,23 +120,5 @@ void TestHome::restart() {
 }
 
 QStringList TestHome::takeLog() { return std::exchange(log(), {}); }
-
-void TestHome::execute(const QString& sql) { query(sql); }
-
-QStringList TestHome::query(const QString& sql) {
-  QStringList rows;
-  sqlite3* database = nullptr;
-  sqlite3_stmt* statement = nullptr;
-  EXPECT_EQ(sqlite3_open(Paths::databaseFile().toUtf8(), &database), SQLITE_OK);
-  EXPECT_EQ(sqlite3_prepare_v2(database, sql.toUtf8(), -1, &statement, nullptr), SQLITE_OK)
-      << qPrintable(sql);
-  int code = SQLITE_DONE;
-  while ((code = sqlite3_step(statement)) == SQLITE_ROW)
-    rows.append(QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(statement, 0))));
-  EXPECT_EQ(code, SQLITE_DONE) << qPrintable(sql);
-  sqlite3_finalize(statement);
-  sqlite3_close(database);
-  return rows;
-}
 
 }  // namespace sanovia::test

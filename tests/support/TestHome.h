@@ -15,6 +15,8 @@ inline void PrintTo(const QString& text, std::ostream* stream) {
   *stream << '"' << text.toStdString() << '"';
 }
 
+struct sqlite3;
+
 namespace sanovia::test {
 
 // Sets the process's time zone until the end of the scope.
@@ -27,6 +29,22 @@ class ScopedZone {
 
  private:
   QByteArray _before;
+};
+
+// A connection to the diary such as another process has. It does not wait, and fails the test when SQLite
+// does.
+class OtherProcess {
+ public:
+  OtherProcess();
+  ~OtherProcess();
+  OtherProcess(const OtherProcess&) = delete;
+  OtherProcess& operator=(const OtherProcess&) = delete;
+
+  // The first column of the statement's rows, as text.
+  QStringList query(const QString& sql);
+
+ private:
+  sqlite3* _database = nullptr;
 };
 
 class TestHome : public ::testing::Test {
@@ -50,17 +68,24 @@ class TestHome : public ::testing::Test {
   // What was written to the log since the last call.
   QStringList takeLog();
 
-  // Runs a statement on a connection of its own; fails the test when SQLite does.
-  void execute(const QString& sql);
-  // The first column of a query's rows, as text.
-  QStringList query(const QString& sql);
+  // What OtherProcess does, on a connection of its own.
+  void execute(const QString& sql) { query(sql); }
+  QStringList query(const QString& sql) { return OtherProcess().query(sql); }
 
  private:
   QTemporaryDir _folder;
   ScopedZone _zone{"Europe/Berlin"};
 };
 
+// A moment of local time, "yyyy-MM-ddTHH:mm:ss".
 QDateTime localTime(const QString& text);
+inline QDateTime at(const char* text) { return localTime(QString::fromLatin1(text)); }
+
+// The whole file; both fail the test when the file does. Writing makes the folder, too.
+QByteArray bytesOf(const QString& path);
+void writeBytes(const QString& path, const QByteArray& bytes);
+// Bytes without any sense, the same for the same seed.
+QByteArray noise(quint32 seed, qsizetype size);
 
 QStringList texts(std::initializer_list<const char*> list);
 
