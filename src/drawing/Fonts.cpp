@@ -16,8 +16,10 @@ QFont sized(QFont font, int pixels) {
 QFont system(int pixels) { return sized(QFontDatabase::systemFont(QFontDatabase::GeneralFont), pixels); }
 
 QFont verdana(int pixels, int systemPixels) {
-  const QString family = QStringLiteral("Verdana");
-  if (QFontDatabase::hasFamily(family)) return sized(QFont(family), pixels);
+  // Asked once: the toolkit goes through all families at each question, which takes longer than the painting.
+  static const QString family = QStringLiteral("Verdana");
+  static const bool isThere = QFontDatabase::hasFamily(family);
+  if (isThere) return sized(QFont(family), pixels);
   return system(systemPixels > 0 ? systemPixels : pixels);
 }
 
