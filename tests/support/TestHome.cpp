@@ -35,10 +35,7 @@ void setZone(const QByteArray& zone) {
 
 }  // namespace
 
-ScopedZone::ScopedZone(const char* zone) : _before(qgetenv("TZ")) {
-  if (!qEnvironmentVariableIsSet("TZ")) _before = QByteArray();
-  setZone(zone);
-}
+ScopedZone::ScopedZone(const char* zone) : _before(qgetenv("TZ")) { setZone(zone); }
 
 ScopedZone::~ScopedZone() { setZone(_before); }
 
