@@ -26,7 +26,6 @@ const QString kMode = QStringLiteral("healthInfoMode");
 const QString kFrame = QStringLiteral("SanoviaWindow");
 const QString kTrialTitle = QStringLiteral(" :: (Trial Version)");
 constexpr QSize kLeastSize(800, 800);
-constexpr int kStripHeight = 120;
 
 AppDelegate* sharedApp = nullptr;
 
@@ -115,8 +114,9 @@ void AppDelegate::applicationWillTerminate() {
 // The panel hangs below the strip; shut, it lies just below the window's lower edge.
 void AppDelegate::windowDidResize() {
   const QRect content = _window->centralWidget()->rect();
-  const int height = content.height() - kStripHeight;
-  const int top = _editView->opened() ? kStripHeight : content.height();
+  const int strip = _window->outlets().toolsView->maximumHeight();
+  const int height = content.height() - strip;
+  const int top = _editView->opened() ? strip : content.height();
   _editView->setFrame(QRect(0, top, content.width(), height));
 }
 

@@ -48,6 +48,10 @@ EditAnimationView::EditAnimationView(QWidget* parent) : AnimationView(parent) {
       _buttons.append(button);
     }
   setType(RecordType::general);
+  // A record may leave while the panel is on its way up, where a request to shut it is dropped.
+  connect(this, &AnimationView::moved, this, [this] {
+    if (opened() && isEmpty(_data)) animate();
+  });
   NotificationCenter::defaultCenter().addObserver(this, changeMeasurementsNotification, [this] {
     nameControls();
     update();
@@ -64,6 +68,7 @@ const Measure* EditAnimationView::measureOf(qint64 column) const {
 }
 
 void EditAnimationView::setType(qint64 type) {
+  if (type != _type) _data = {};
   _type = type;
   qDeleteAll(_sliders);
   _sliders.fill(nullptr, columnCount());
@@ -97,9 +102,13 @@ void EditAnimationView::loadSlider(int column) {
   if (measure == nullptr || slider == nullptr) return;
   const std::optional<ChartValue> setUp = sliderSetUp(*measure, _data);
   slider->setTicks(nearestTick(*setUp, setUp->val()), tickCount(*setUp) - 1);
-  slider->setSpoken({.min = static_cast<double>(setUp->min()),
-                     .max = static_cast<double>(setUp->max()),
-                     .value = stringOfData(column)});
+  speakSlider(column, *setUp);
+}
+
+void EditAnimationView::speakSlider(int column, const ChartValue& setUp) {
+  sliderOf(column)->setSpoken({.min = static_cast<double>(setUp.min()),
+                               .max = static_cast<double>(setUp.max()),
+                               .value = stringOfData(column)});
 }
 
 QString EditAnimationView::stringOfData(qint64 column) const {
@@ -125,9 +134,7 @@ void EditAnimationView::sliderChanged(int column) {
   const std::optional<ChartValue> setUp = sliderSetUp(*measure, _data);
   enterSliderValue(*measure, _data, tickValue(*setUp, sliderOf(column)->tick()));
   store(_data);
-  sliderOf(column)->setSpoken({.min = static_cast<double>(setUp->min()),
-                               .max = static_cast<double>(setUp->max()),
-                               .value = stringOfData(column)});
+  speakSlider(column, *setUp);
   valueChanged();
 }
 

@@ -7,6 +7,7 @@
 #include <QVector>
 
 #include "charts/DayEditor.h"
+#include "dates/ChartValue.h"
 #include "drawing/NamedImage.h"
 #include "entry/AnimationView.h"
 #include "entry/EditPanelPlan.h"
@@ -32,7 +33,8 @@ class EditAnimationView : public AnimationView, public DayEditor {
   void animate() override { AnimationView::animate(); }
 
   qint64 type() const { return _type; }
-  // Makes the sliders of the kind of record. Their ranges come with the next setData().
+  // Makes the sliders of the kind of record. Their ranges come with the next setData(); a record of another
+  // kind is let go. A panel that arrives open without a record shuts again.
   void setType(qint64 type) override;
   const RecordRef& data() const { return _data; }
   // Shows the record; stores nothing. Empty for no record: then no control does anything.
@@ -70,6 +72,7 @@ class EditAnimationView : public AnimationView, public DayEditor {
   void paintField(QPainter& painter, const EditPanelPlan& where) const;
   void layoutControls();
   void loadSlider(int column);
+  void speakSlider(int column, const ChartValue& setUp);
   void nameControls();
   void walkByTab();
   void valueChanged();

@@ -8,13 +8,12 @@
 #include <span>
 #include <vector>
 
+#include "measures/RecordRef.h"
+
 namespace sanovia {
 
 // The column that heads every line. It is no measure.
 inline const QString kExchangeDate = QStringLiteral("date");
-
-// How a record marks a value that was never entered.
-inline constexpr double kNotEntered = -1.0;
 
 struct ExchangeColumn {
   // The name in the file, and the name in the table.

@@ -12,7 +12,6 @@ using Unit = Measure::Unit;
 constexpr double kAnyInteger = std::numeric_limits<qint32>::max();
 constexpr double kLeastInteger = std::numeric_limits<qint32>::min();
 constexpr double kAnySingle = std::numeric_limits<float>::max();
-constexpr double kNotEntered = -1.0;
 
 // clang-format off
 constexpr Measure kGeneral[] = {

@@ -18,6 +18,9 @@ inline constexpr qint64 pressure = 1;
 inline constexpr qint64 blood = 2;
 }  // namespace RecordType
 
+// How every record and every column marks a value that was never entered.
+inline constexpr double kNotEntered = -1.0;
+
 // Empty (std::monostate) for no record.
 using RecordRef =
     std::variant<std::monostate, std::shared_ptr<General>, std::shared_ptr<Pressure>, std::shared_ptr<Blood>>;

@@ -89,5 +89,25 @@ TEST_F(Entry, ShutsThePanelWhenItsDayIsAboutToGo) {
   EXPECT_EQ(panel().type(), 2);
 }
 
+TEST_F(Entry, DoesNotStayOpenOnARecordOfAnotherKindOrInterval) {
+  const auto change = [this](bool kind) {
+    if (kind)
+      ui().bnPressure->click();
+    else
+      delegate.saveStartDate(localTime(QStringLiteral("2026-11-10T00:00:00")));
+  };
+  for (const bool kind : {true, false}) {
+    table().selectRow(0);
+    QTest::keyClick(&table(), Qt::Key_Return);
+    ASSERT_TRUE(panel().isAnimating()) << "still on its way";
+    change(kind);
+    panel().buttonOf(601)->click();
+    waitUntilShut();
+    EXPECT_FALSE(ui().dataView->isHidden());
+  }
+  for (const char* kind : {"general", "pressure", "blood"})
+    EXPECT_EQ(query(QStringLiteral("SELECT count(*) FROM %1").arg(QString::fromLatin1(kind))), texts({"0"}));
+}
+
 }  // namespace
 }  // namespace sanovia::test
