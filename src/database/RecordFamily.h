@@ -71,12 +71,15 @@ class RecordFamily {
   RowMap contentValues() const { return valuesOf(self(), R::description().columns, columns(), OwnerColumn); }
   RowMap contentValuesAll() const { return valuesOf(self(), R::description().columns, columns(), KeyColumn); }
 
+  // Whether it has a row or is the average of several.
+  bool isStored() const { return pk != -1; }
+
   // Inserts the record if it was never stored, else writes its row. A failure is dropped.
   void update() {
-    if (pk == -1)
-      add();
-    else
+    if (isStored())
       save();
+    else
+      add();
   }
 
   // The operations of the family under names that hold for every kind. Each class offers them under names of

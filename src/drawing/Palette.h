@@ -14,6 +14,9 @@ inline constexpr QColor teal{38, 121, 151};
 inline constexpr QColor lightTeal{2, 163, 203};
 // The lower edge of the strip, and hard shadows on teal.
 inline constexpr QColor darkTeal{27, 93, 115};
+// In the norm, as the red is out of it; and the block of a day without a value.
+inline constexpr QColor green{65, 235, 144};
+inline constexpr QColor blockGrey{237, 237, 237};
 inline constexpr QColor black{0, 0, 0};
 // The platform's named greys are one third, one half and two thirds of white.
 inline constexpr QColor darkGray{85, 85, 85};

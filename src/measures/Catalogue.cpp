@@ -15,30 +15,30 @@ constexpr double kAnySingle = std::numeric_limits<float>::max();
 
 // clang-format off
 constexpr Measure kGeneral[] = {
-  {"temperature", "temperature", &General::temperature, Display::OneDecimal, Unit::Temperature, "temperature", "Temperature", 0.16F, 0.20F, 0, kAnySingle},
-  {"wellbeing", "wellbeing", &General::wellbeing, Display::WellbeingWord, Unit::Fixed, "wb", "WellBeing", 0.20F, 0.20F, 0, 3},
-  {"appetite", "appetite", &General::appetite, Display::AppetiteWord, Unit::Fixed, "appetite", "Appetite", 0.16F, 0.20F, 0, 1},
-  {"weight", "weight", &General::weight, Display::OneDecimal, Unit::Weight, "weight", "Weight", 0.16F, 0.20F, 0, kAnySingle},
-  {"", "", {}, Display::OneDecimal, Unit::Fixed, "bmi", "BMI", 0.16F, 0.0F, 0, 0},
+  {"temperature", "temperature", &General::temperature, Display::OneDecimal, Unit::Temperature, "temperature", "temperature", "", "Temperature", 0.16F, 0.20F, 0, kAnySingle},
+  {"wellbeing", "wellbeing", &General::wellbeing, Display::WellbeingWord, Unit::Fixed, "wb", "well-being", "", "WellBeing", 0.20F, 0.20F, 0, 3},
+  {"appetite", "appetite", &General::appetite, Display::AppetiteWord, Unit::Fixed, "appetite", "appetite", "", "Appetite", 0.16F, 0.20F, 0, 1},
+  {"weight", "weight", &General::weight, Display::OneDecimal, Unit::Weight, "weight", "weight", "", "Weight", 0.16F, 0.20F, 0, kAnySingle},
+  {"", "", {}, Display::OneDecimal, Unit::Fixed, "bmi", "bmi", "unit_bmi", "BMI", 0.16F, 0.0F, 0, 0},
 };
 
 // The body mass index comes last, so that a table without a height is the same one cut short.
 constexpr size_t kIndexPlace = std::size(kGeneral) - 1;
 
 constexpr Measure kPressure[] = {
-  {"systolic", "systolic", &Pressure::systolic, Display::Integer, Unit::Fixed, "systolic", "Systolic", 0.20F, 0.20F, 0, kAnyInteger},
-  {"diastolic", "diastolic", &Pressure::diastolic, Display::Integer, Unit::Fixed, "diastolic", "Diastolic", 0.20F, 0.20F, 0, kAnyInteger},
-  {"pulse", "pulse", &Pressure::pulse, Display::Integer, Unit::Fixed, "pulse", "Pulse", 0.20F, 0.20F, 0, kAnyInteger},
-  {"ppressure", "ppressure", &Pressure::ppressure, Display::Integer, Unit::Fixed, "ppulse", "PulsePressure", 0.20F, 0.20F, kLeastInteger, kAnyInteger},
+  {"systolic", "systolic", &Pressure::systolic, Display::Integer, Unit::Fixed, "systolic", "systolic", "unit_mmHg", "Systolic", 0.20F, 0.20F, 0, kAnyInteger},
+  {"diastolic", "diastolic", &Pressure::diastolic, Display::Integer, Unit::Fixed, "diastolic", "diastolic", "unit_mmHg", "Diastolic", 0.20F, 0.20F, 0, kAnyInteger},
+  {"pulse", "pulse", &Pressure::pulse, Display::Integer, Unit::Fixed, "pulse", "pulse", "unit_pulse", "Pulse", 0.20F, 0.20F, 0, kAnyInteger},
+  {"ppressure", "ppressure", &Pressure::ppressure, Display::Integer, Unit::Fixed, "ppulse", "ppulse", "unit_mmHg", "PulsePressure", 0.20F, 0.20F, kLeastInteger, kAnyInteger},
 };
 
 // The image of hemoglobin is spelled as it is.
 constexpr Measure kBlood[] = {
-  {"hemoglobin", "hemoglobin", &Blood::hemoglobin, Display::OneDecimal, Unit::Fixed, "hemoglobin", "Hemohlobin", 0.25F, 0.25F, 0, kAnySingle},
-  {"crp", "crp", &Blood::crp, Display::OneDecimal, Unit::Fixed, "cprText", "CRP", 0.15F, 0.15F, 0, kAnySingle},
-  {"esp", "esr", &Blood::esp, Display::OneDecimal, Unit::Fixed, "espText", "ESR", 0.15F, 0.15F, 0, kAnySingle},
-  {"albumin", "albumin", &Blood::albumin, Display::OneDecimal, Unit::Fixed, "albuminText", "Albumin", 0.15F, 0.15F, 0, kAnySingle},
-  {"wbc", "wbc", &Blood::wbc, Display::OneDecimal, Unit::Fixed, "wbcText", "WBC", 0.15F, 0.15F, 0, kAnySingle},
+  {"hemoglobin", "hemoglobin", &Blood::hemoglobin, Display::OneDecimal, Unit::Fixed, "hemoglobin", "hemoglobin", "unit_g_dl", "Hemohlobin", 0.25F, 0.25F, 0, kAnySingle},
+  {"crp", "crp", &Blood::crp, Display::OneDecimal, Unit::Fixed, "cprText", "cprText", "unit_mg_dl", "CRP", 0.15F, 0.15F, 0, kAnySingle},
+  {"esp", "esr", &Blood::esp, Display::OneDecimal, Unit::Fixed, "espText", "espText", "unit_mm_h", "ESR", 0.15F, 0.15F, 0, kAnySingle},
+  {"albumin", "albumin", &Blood::albumin, Display::OneDecimal, Unit::Fixed, "albuminText", "albuminText", "unit_g_dl", "Albumin", 0.15F, 0.15F, 0, kAnySingle},
+  {"wbc", "wbc", &Blood::wbc, Display::OneDecimal, Unit::Fixed, "wbcText", "wbcText", "unit_wbc", "WBC", 0.15F, 0.15F, 0, kAnySingle},
 };
 
 constexpr DateColumnMeasures kDateColumns[] = {
@@ -107,6 +107,10 @@ void setStoredValue(const Measure& measure, const RecordRef& record, double valu
         if constexpr (!isNothing) setValueIn(held, member, value);
       },
       record, measure.member);
+}
+
+bool isBodyMassIndex(const Measure& measure) {
+  return std::holds_alternative<std::monostate>(measure.member);
 }
 
 std::optional<double> bodyMassIndex(const RecordRef& record, float height) {

@@ -27,8 +27,11 @@ struct Measure {
   Member member;
   Display display;
   Unit unit;
-  // Key of the table's title in the language tables.
+  // Keys in the language tables: of the title in the table, of the title of charts and report, and of the
+  // unit for a measure whose unit is fixed; empty for a word, which has none.
   const char* titleKey;
+  const char* chartTitleKey;
+  const char* unitKey;
   // Image name without its "-on", "-off" or "-icon".
   const char* imageStem;
   // Share of the table's width; the second one holds while the body mass index has no column.
@@ -66,6 +69,8 @@ std::optional<double> storedValue(const Measure& measure, const RecordRef& recor
 // Sets the value, in stored units: truncated toward zero where the record holds whole numbers, narrowed where
 // it holds single precision. Nothing happens where storedValue() finds nothing to read.
 void setStoredValue(const Measure& measure, const RecordRef& record, double value);
+
+bool isBodyMassIndex(const Measure& measure);
 
 // Weight in kilograms over the square of the height in metres; nothing without a weight or a height above 0.
 std::optional<double> bodyMassIndex(const RecordRef& record, float height);

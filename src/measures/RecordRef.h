@@ -21,10 +21,13 @@ inline constexpr qint64 blood = 2;
 // How every record and every column marks a value that was never entered.
 inline constexpr double kNotEntered = -1.0;
 
-// Empty (std::monostate) for no record.
+// Empty (std::monostate) for no record. The kinds stand in the order of their numbers.
 using RecordRef =
     std::variant<std::monostate, std::shared_ptr<General>, std::shared_ptr<Pressure>, std::shared_ptr<Blood>>;
 
 inline bool isEmpty(const RecordRef& record) { return std::holds_alternative<std::monostate>(record); }
+
+// Empty records are of no kind, -1.
+inline qint64 recordTypeOf(const RecordRef& record) { return static_cast<qint64>(record.index()) - 1; }
 
 }  // namespace sanovia

@@ -4,6 +4,7 @@
 
 #include "foundation/TextFormat.h"
 #include "localisation/Language.h"
+#include "measures/Norms.h"
 #include "preferences/Preferences.h"
 
 namespace sanovia {
@@ -26,6 +27,23 @@ QString unitText(Measure::Unit unit) {
   return {};
 }
 
+// The unit's sign alone; empty for a word.
+QString unitSign(const Measure& measure) {
+  const bool metric = Preferences::isMetric();
+  switch (measure.unit) {
+    case Measure::Unit::Temperature: return word(metric ? "unit_celsius" : "unit_fahrenheit");
+    case Measure::Unit::Weight: return word(metric ? "unit_kg" : "unit_lbs");
+    case Measure::Unit::Fixed: break;
+  }
+  return *measure.unitKey == '\0' ? QString() : word(measure.unitKey);
+}
+
+const char* positionKey(const NormBand& norm, double value) {
+  const auto single = static_cast<float>(value);
+  if (single < norm.low) return "norm_below";
+  return single > norm.high ? "norm_above" : "norm_in";
+}
+
 }  // namespace
 
 QString titleOf(const char* titleKey, Measure::Unit unit) { return word(titleKey) + unitText(unit); }
@@ -36,10 +54,13 @@ double shownValue(double stored, Measure::Unit unit) {
                                             : stored * kPoundsPerKilogram;
 }
 
+std::optional<double> dayValue(const Measure& measure, const RecordRef& record) {
+  return isBodyMassIndex(measure) ? bodyMassIndex(record, Preferences::height())
+                                  : storedValue(measure, record);
+}
+
 QString valueText(const Measure& measure, const RecordRef& record) {
-  const bool isComputed = std::holds_alternative<std::monostate>(measure.member);
-  const std::optional<double> value =
-      isComputed ? bodyMassIndex(record, Preferences::height()) : storedValue(measure, record);
+  const std::optional<double> value = dayValue(measure, record);
   if (!value) return {};
   const auto whole = static_cast<qint64>(*value);
   switch (measure.display) {
@@ -67,6 +88,16 @@ QString dateOf(const RecordRef& record) {
 QString dateText(const RecordRef& record) {
   return Utils::convertFormat(dateOf(record), Utils::databaseFormat(),
                               Utils::dateFormatForMetric(Preferences::isMetric()));
+}
+
+QString dayPhrase(const Measure& measure, const RecordRef& record) {
+  const std::optional<double> value = dayValue(measure, record);
+  if (!value) return word("not_entered");
+  const QString unit = unitSign(measure);
+  const QString text = valueText(measure, record);
+  const QString shown = unit.isEmpty() ? text : text + QLatin1Char(' ') + unit;
+  const std::optional<NormBand> norm = normOf(measure, recordTypeOf(record));
+  return norm ? filled(word(positionKey(*norm, *value)), shown) : shown;
 }
 
 }  // namespace sanovia

@@ -15,6 +15,10 @@ QString titleOf(const char* titleKey, Measure::Unit unit);
 // metric.
 double shownValue(double stored, Measure::Unit unit);
 
+// The day's value in stored units, stored or computed with the height of the preferences; nothing when there
+// is none.
+std::optional<double> dayValue(const Measure& measure, const RecordRef& record);
+
 // The text of the day's value; empty when there is none.
 QString valueText(const Measure& measure, const RecordRef& record);
 
@@ -23,5 +27,9 @@ QString dateOf(const RecordRef& record);
 
 // The record's date in the format of the measure system; empty when there is no record or no such date.
 QString dateText(const RecordRef& record);
+
+// The day's value with its unit and how it lies to its norm, in a whole phrase: "36.6 °C, in the norm". A
+// word stands alone, and a value that was not entered is said to be so.
+QString dayPhrase(const Measure& measure, const RecordRef& record);
 
 }  // namespace sanovia
