@@ -59,6 +59,7 @@ void AppDelegate::connectOutlets() {
           [this] { showCalendarFrom(_window->outlets().bnCalendarFrom); });
   connect(ui.bnCalendarTo, &QAbstractButton::clicked, this,
           [this] { showCalendarTo(_window->outlets().bnCalendarTo); });
+  ui.chartsView->setEditor(_editView);
   ui.dataView->setEditor(_editView);
   ui.toolsView->setEditor(_editView);
   connect(_editView, &AnimationView::moved, this, [this] {

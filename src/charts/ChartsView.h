@@ -1,17 +1,22 @@
-// The view of the charts. It owns the records of the interval, one per date and kind, and is the data source
-// of the table, so that the table and the charts always show the same record objects. Its charts are still to
-// come: it paints plain white.
+// The view of the charts: one stacked chart for each property that is on, all over the same columns of days.
+// It owns the records of the interval, one per date and kind, and is the data source of the table, so that
+// the table, the charts and the panel that edits a day all work on the same record objects.
 #pragma once
 
 #include <QDateTime>
 #include <QString>
-#include <QWidget>
 
 #include <functional>
 
+#include "charts/ChartPainter.h"
+#include "charts/Charts.h"
+#include "charts/PropertiesView.h"
 #include "diary/DayRecords.h"
 
 namespace sanovia {
+
+class DayEditor;
+struct Measure;
 
 // Where the interval comes from.
 struct IntervalSource {
@@ -19,7 +24,7 @@ struct IntervalSource {
   std::function<QDateTime()> endDate;
 };
 
-class ChartsView : public QWidget {
+class ChartsView : public PropertiesView {
   Q_OBJECT
 
  public:
@@ -27,12 +32,12 @@ class ChartsView : public QWidget {
 
   // Must be set before initValues().
   void setIntervalSource(IntervalSource source) { _interval = std::move(source); }
+  // The panel that edits a day; without one no day can be edited here.
+  void setEditor(DayEditor* editor) { _editor = editor; }
 
-  // The kind of record shown. A number that names no kind is kept and shows nothing.
-  qint64 type() const { return _type; }
-  void setType(qint64 type) { _type = type; }
+  std::vector<Property> viewsArray() const override;
 
-  // Begins anew in the mode of days with the interval of the source.
+  // Begins anew in the mode of days with the interval of the source and no day selected.
   void initValues();
 
   SeriesMode mode() const { return _mode; }
@@ -44,12 +49,39 @@ class ChartsView : public QWidget {
   void setDateFrom();
   void setDateTo();
 
-  // Reads the records of the interval; does nothing while one of its ends is absent.
+  // Reads the records of the interval; does nothing while one of its ends is absent. The selection keeps its
+  // number and may then lie beyond the last day, where it frames nothing.
   void updateValues();
   const DayRecords& records() const { return _records; }
 
   // The record at a place of the shown kind's list, oldest first; empty beyond its ends.
   RecordRef dataAtIndex(qint64 index) const;
+
+  // The selected day, 1 for the first, 0 for none.
+  qint64 selectedDay() const { return _selectedDay; }
+  void selectDay(qint64 day);
+  // Opens the panel on the selected day's record; nothing happens without one.
+  void editSelectedDay();
+
+  // The day under a point of the view, 0 for none.
+  qint64 testDay(QPointF point) const;
+  std::optional<DayHit> hitAt(QPointF point) const;
+
+  // Where the charts lie, for whoever asks for more than a picture.
+  ColumnPlan columnPlan() const;
+  BlockRow initBlocks() const;
+  // The block of a day, 1 for the first, in the chart of a property; empty where none is painted.
+  QRectF dayRect(qint64 tag, qint64 day) const;
+  // The measure of a property of the shown kind, null for a tag that names none.
+  const Measure* measureOf(qint64 tag) const;
+  // What a day's block says when it is asked: its date, and its value against the norm.
+  QString dayText(qint64 tag, qint64 day) const;
+
+  // The plan of an open chart; nothing where none is painted.
+  std::optional<ChartPlan> chartPlan(const ChartInputs& inputs, const PropertyPlace& place) const;
+  ChartInputs chartInputs() const;
+
+  void layoutSubviews() override;
 
   // The table's data source. Row 0 is the newest day. Columns are known by their identifiers, "col1" for the
   // date and "col2" upward for the measures in the catalogue's order.
@@ -58,16 +90,31 @@ class ChartsView : public QWidget {
   QString objectValue(const QString& columnIdentifier, qint64 row) const;
   static constexpr int heightOfRow() { return 22; }
 
+ signals:
+  // The charts or their days are others than before.
+  void chartsChanged();
+  void selectionMoved();
+
  protected:
+  bool event(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
-  qint64 _type = RecordType::general;
+  // Selects the day under a press, and edits it at a double click.
+  void pressAt(const QMouseEvent& event, bool isDouble);
+  qint64 countOfDays() const { return _records.count(type()); }
+
   SeriesMode _mode = SeriesModeDay;
   IntervalSource _interval;
   QDateTime _dateFrom;
   QDateTime _dateTo;
   DayRecords _records;
+  qint64 _selectedDay = 0;
+  DayEditor* _editor = nullptr;
+  ChartPainter _painter;
 };
 
 }  // namespace sanovia

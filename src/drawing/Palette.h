@@ -10,7 +10,9 @@ inline constexpr QColor red{227, 41, 59};
 // Painted signs.
 inline constexpr QColor darkRed{159, 45, 52};
 inline constexpr QColor teal{38, 121, 151};
-// The stripe of a table's even rows, and the mark of today in the calendar.
+// A button of the charts while it is off.
+inline constexpr QColor buttonTeal{42, 133, 165};
+// The same while it is on, the stripe of a table's even rows, and the mark of today in the calendar.
 inline constexpr QColor lightTeal{2, 163, 203};
 // The lower edge of the strip, and hard shadows on teal.
 inline constexpr QColor darkTeal{27, 93, 115};
@@ -21,5 +23,7 @@ inline constexpr QColor black{0, 0, 0};
 // The platform's named greys are one third, one half and two thirds of white.
 inline constexpr QColor darkGray{85, 85, 85};
 inline constexpr QColor lightGray{170, 170, 170};
+// The mark of a copy on trial, over everything else.
+inline constexpr QColor trial{179, 179, 179, 128};
 
 }  // namespace sanovia::palette

@@ -48,6 +48,7 @@ void ToolsView::changeType(qint64 type) {
   const bool chartsAreOn = _outlets.bnCharts->isChecked();
   _outlets.chartsScrollView->setHidden(!chartsAreOn);
   _outlets.chartsView->setType(type);
+  _outlets.chartsView->addPropertyViews();
   _outlets.chartsView->update();
   _outlets.dataView->setType(type);
   _outlets.dataView->setHidden(chartsAreOn);

@@ -49,7 +49,11 @@ const char* positionKey(const NormBand& norm, double value) {
 QString titleOf(const char* titleKey, Measure::Unit unit) { return word(titleKey) + unitText(unit); }
 
 double shownValue(double stored, Measure::Unit unit) {
-  if (unit == Measure::Unit::Fixed || Preferences::isMetric()) return stored;
+  return shownValue(stored, unit, unit == Measure::Unit::Fixed || Preferences::isMetric());
+}
+
+double shownValue(double stored, Measure::Unit unit, bool isMetric) {
+  if (unit == Measure::Unit::Fixed || isMetric) return stored;
   return unit == Measure::Unit::Temperature ? stored * kFahrenheitPerCelsius + kFahrenheitAtFreezing
                                             : stored * kPoundsPerKilogram;
 }

@@ -14,6 +14,8 @@ QString titleOf(const char* titleKey, Measure::Unit unit);
 // Stored units to shown ones: degrees Celsius to Fahrenheit and kilograms to pounds unless the system is
 // metric.
 double shownValue(double stored, Measure::Unit unit);
+// The same for many values: the measure system is asked for once.
+double shownValue(double stored, Measure::Unit unit, bool isMetric);
 
 // The day's value in stored units, stored or computed with the height of the preferences; nothing when there
 // is none.

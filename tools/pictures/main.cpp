@@ -9,6 +9,7 @@
 
 #include "application/AppDelegate.h"
 #include "application/MainWindow.h"
+#include "charts/ChartsView.h"
 #include "controls/Popover.h"
 #include "entry/EditAnimationView.h"
 #include "entry/MyTableView.h"
@@ -21,6 +22,9 @@ namespace {
 
 constexpr int kSettlingTime = 300;  // milliseconds
 constexpr int kDayOfBloodTest = 14;
+constexpr int kDaysOfMonth = 31;
+constexpr int kDayInMiddle = 20;
+constexpr QSize kWide(1600, 1000);
 
 class Photographer {
  public:
@@ -30,6 +34,9 @@ class Photographer {
     SettingsStore::standard().setString(QStringLiteral("userMeasure"), language == Language::english()
                                                                            ? QStringLiteral("US")
                                                                            : QStringLiteral("Metric"));
+    // The norms of the pressures and the pulse go by age.
+    SettingsStore::standard().setString(QStringLiteral("userBirthday"),
+                                        QStringLiteral("1974-05-12 00:00:00 +0000"));
     _delegate = std::make_unique<AppDelegate>();
     _delegate->applicationWillFinishLaunching();
     _delegate->window()->show();
@@ -37,6 +44,12 @@ class Photographer {
   }
 
   bool takeAll() {
+    const bool saved = takeTablesAndPanels();
+    return takeCharts() && saved;
+  }
+
+ private:
+  bool takeTablesAndPanels() {
     Ui::MainWindow& ui = _delegate->window()->outlets();
     bool saved = true;
     ui.bnData->click();
@@ -64,7 +77,36 @@ class Photographer {
     return saved;
   }
 
- private:
+  // The window over a month with a selected day, the whole column of each kind with all its charts open, at
+  // the least and at a great width, and the year.
+  bool takeCharts() {
+    Ui::MainWindow& ui = _delegate->window()->outlets();
+    const QDateTime start = _delegate->getStartDate();
+    bool saved = true;
+    ui.bnCharts->click();
+    for (StripButton* button : {ui.bnGeneral, ui.bnPressure, ui.bnBlood}) {
+      const QString kind = button->objectName().mid(2).toLower();
+      button->click();
+      _delegate->didSelectDateFrom(_delegate->getEndDate().addDays(1 - kDaysOfMonth));
+      ui.chartsView->selectDay(kDayInMiddle);
+      saved = take(QStringLiteral("charts-") + kind) && saved;
+      for (ChartsButton* property : ui.chartsView->buttons())
+        if (!property->isChecked()) property->click();
+      const QSize before = _delegate->window()->size();
+      for (const QSize size : {before, kWide}) {
+        _delegate->window()->resize(size);
+        settle();
+        saved =
+            save(ui.chartsView->grab(), QStringLiteral("column-%1-%2").arg(kind).arg(size.width())) && saved;
+      }
+      _delegate->window()->resize(before);
+      _delegate->didSelectDateFrom(start);
+      saved = take(QStringLiteral("year-") + kind) && saved;
+    }
+    ui.bnData->click();
+    return saved;
+  }
+
   // Waits until whatever fades or slides has arrived.
   static void settle() {
     QEventLoop settling;
@@ -74,8 +116,12 @@ class Photographer {
 
   bool take(const QString& screen) {
     settle();
+    return save(_delegate->window()->grab(), screen);
+  }
+
+  bool save(const QPixmap& picture, const QString& screen) {
     const QString path = _folder.filePath(QStringLiteral("%1-%2.png").arg(screen, _language));
-    if (!_delegate->window()->grab().save(path)) {
+    if (!picture.save(path)) {
       QTextStream(stderr) << "sanovia-pictures: cannot write " << path << Qt::endl;
       return false;
     }

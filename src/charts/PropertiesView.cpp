@@ -1,0 +1,100 @@
+#include "charts/PropertiesView.h"
+
+#include "charts/ChartMeasures.h"
+#include "foundation/SettingsStore.h"
+#include "measures/RecordRef.h"
+
+namespace sanovia {
+namespace {
+
+// Settings: the tags of the buttons that are on, in any order.
+const QString _prefGeneral = QStringLiteral("propertiesGeneral");
+const QString _prefPressure = QStringLiteral("prefPressure");
+const QString _prefBlood = QStringLiteral("prefBlood");
+
+// What is on while the settings say nothing: all but the fourth property.
+const QList<qint64> kDefaultTags{101, 102, 103, 105, 105};
+
+constexpr double kFoot = 10.0;
+
+const QString& keyOf(qint64 type) {
+  if (type == RecordType::general) return _prefGeneral;
+  return type == RecordType::pressure ? _prefPressure : _prefBlood;
+}
+
+}  // namespace
+
+PropertiesView::PropertiesView(QWidget* parent) : QWidget(parent) {}
+
+void PropertiesView::addPropertyView(const Property& property) {
+  auto* button = new ChartsButton(this);
+  button->resize(width(), chart::kButtonHeight);
+  button->setText(property.title);
+  const NamedImage image = NamedImage::named(property.imgTitle);
+  button->setImage(image, image.isNull() ? ImagePosition::Overlaps : ImagePosition::Left);
+  button->setTag(property.tag);
+  connect(button, &QPushButton::clicked, this, &PropertiesView::buttonTabClicked);
+  button->show();
+  _buttons.append(button);
+}
+
+void PropertiesView::addPropertyViews() {
+  const SettingsStore& settings = SettingsStore::standard();
+  const QString& key = keyOf(_type);
+  const QList<qint64> selected = settings.contains(key) ? settings.integers(key) : kDefaultTags;
+  // Whoever rebuilds the buttons from a click on one of them still needs it.
+  for (ChartsButton* button : std::as_const(_buttons)) {
+    button->hide();
+    button->deleteLater();
+  }
+  _buttons.clear();
+  for (const Property& property : viewsArray()) {
+    addPropertyView(property);
+    _buttons.last()->setChecked(selected.contains(property.tag));
+  }
+  layoutSubviews();
+}
+
+ChartsButton* PropertiesView::buttonOf(qint64 tag) const {
+  for (ChartsButton* button : _buttons)
+    if (button->tag() == tag) return button;
+  return nullptr;
+}
+
+QList<qint64> PropertiesView::tagsOfSelectedButton() const {
+  QList<qint64> tags;
+  for (auto button = _buttons.rbegin(); button != _buttons.rend(); ++button)
+    if ((*button)->isChecked()) tags.append((*button)->tag());
+  return tags;
+}
+
+bool PropertiesView::isButtonSelected(qint64 tag) const { return tagsOfSelectedButton().contains(tag); }
+
+void PropertiesView::openPropertiesByType(qint64 tag) {
+  if (ChartsButton* button = buttonOf(tag)) button->click();
+}
+
+void PropertiesView::buttonTabClicked() {
+  SettingsStore::standard().setIntegers(keyOf(_type), tagsOfSelectedButton());
+  SettingsStore::standard().synchronize();
+  layoutSubviews();
+}
+
+void PropertiesView::layoutSubviews() {
+  int y = 0;
+  int height = 0;
+  for (ChartsButton* button : std::as_const(_buttons)) {
+    button->setGeometry(0, y, width(), button->height());
+    y = static_cast<int>(y + button->height() + chart::kButtonGap);
+    height += button->height();
+  }
+  setFixedHeight(height + static_cast<int>(kFoot));
+  update();
+}
+
+void PropertiesView::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  for (ChartsButton* button : std::as_const(_buttons)) button->resize(width(), button->height());
+}
+
+}  // namespace sanovia
