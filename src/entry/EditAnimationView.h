@@ -29,6 +29,7 @@ class EditAnimationView : public AnimationView, public DayEditor {
   explicit EditAnimationView(QWidget* parent = nullptr);
 
   bool opened() const override { return AnimationView::opened(); }
+  bool isAnimating() const override { return AnimationView::isAnimating(); }
   void setTarget(std::function<void()> action) override { AnimationView::setTarget(std::move(action)); }
   void animate() override { AnimationView::animate(); }
 

@@ -37,8 +37,10 @@ void ToolsView::buttonPressed(QAbstractButton* sender) {
 qint64 ToolsView::type() const { return _outlets.chartsView->type(); }
 
 void ToolsView::closeEditor() {
-  if (_editor == nullptr || !_editor->opened()) return;
+  if (_editor == nullptr || !(_editor->opened() || _editor->isAnimating())) return;
   _editor->setTarget({});
+  // A panel on its way up hears no request to shut, but does not stay without a record.
+  if (!_editor->opened()) _editor->setData({});
   _editor->animate();
 }
 

@@ -11,6 +11,7 @@ namespace sanovia::test {
 class FakeEditor : public DayEditor {
  public:
   bool opened() const override { return isOpen; }
+  bool isAnimating() const override { return false; }
   void setTarget(std::function<void()> action) override {
     calls.append(action ? QStringLiteral("target") : QStringLiteral("no target"));
     target = std::move(action);
