@@ -1,11 +1,18 @@
 #include "charts/ChartBuilder.h"
 
 #include "charts/ChartMeasures.h"
-#include "dates/Utils.h"
 #include "drawing/Palette.h"
 #include "foundation/TextFormat.h"
 
 namespace sanovia {
+
+namespace {
+
+// Nothing is drawn farther off, whatever number was imported.
+constexpr double kFarOff = 1e5;
+constexpr QRectF kReach(-kFarOff, -kFarOff, 2 * kFarOff, 2 * kFarOff);
+
+}  // namespace
 
 ChartFrame ChartFrame::of(qint64 type, const PropertyPlace& place) {
   const bool isShort =
@@ -58,7 +65,7 @@ const QRectF& ChartBuilder::addDay() {
 
 void ChartBuilder::fill(DayPlan::Fill fill, const QRectF& rect) {
   day().filledWith = fill;
-  day().fill = rect;
+  day().fill = rect.isEmpty() ? rect : rect & kReach;
 }
 
 void ChartBuilder::addLabel(double shown) {
@@ -73,21 +80,20 @@ void ChartBuilder::addDot(double y) {
   const QRectF& block = day().block;
   // The centre is single precision, as the blocks' edges are.
   const auto centre = static_cast<float>(block.x() + block.width() / 2);
-  day().dot = QPointF(static_cast<double>(centre), y);
-  day().line = _in.blocks.count() == 1 ? Curve::strokeOfSingleDay(block.x(), block.width(), y)
-                                       : _curve.lineTo(*day().dot);
+  const QPointF dot(static_cast<double>(centre), qBound(-kFarOff, y, kFarOff));
+  day().dot = dot;
+  day().line = _in.blocks.count() == 1 ? Curve::strokeOfSingleDay(block.x(), block.width(), dot.y())
+                                       : _curve.lineTo(dot);
 }
 
 bool ChartBuilder::isLastDaySelected() const { return std::ssize(_plan.days) == _in.selectedDay; }
 
-void ChartBuilder::endDay(const QString& date) {
+void ChartBuilder::endDay() {
   if (!isLastDaySelected()) return;
   const QRectF inner = day().block.adjusted(1, 1, -1, -1);
-  const QString text =
-      Utils::convertFormat(date, Utils::databaseFormat(), Utils::dateFormatForMetric(_in.isMetric));
-  const QSizeF size = _in.dateText(text);
-  const QPointF at(inner.x() + (inner.width() - size.width()) / 2, inner.y() - 2 * size.height());
-  _plan.selection = {std::ssize(_plan.days) - 1, day().block, inner, text, at};
+  const QSizeF date = _in.dateText(_in.selectedDate);
+  const QPointF at(inner.x() + (inner.width() - date.width()) / 2, inner.y() - 2 * date.height());
+  _plan.selection = {std::ssize(_plan.days) - 1, day().block, inner, _in.selectedDate, at};
 }
 
 ChartPlan ChartBuilder::finish() {

@@ -44,7 +44,7 @@ class ChartBuilder {
   // A day without a record.
   void breakLine() { _curve.breakLine(); }
   // Frames the day if it is the selected one.
-  void endDay(const QString& date);
+  void endDay();
   bool isLastDaySelected() const;
 
   void addLine(double y, const QColor& color) { _plan.lines.push_back({y, color}); }

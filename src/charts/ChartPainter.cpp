@@ -1,10 +1,12 @@
 #include "charts/ChartPainter.h"
 
 #include <QPainter>
-#include <QPainterPath>
 #include <QtMath>
 
+#include <array>
+
 #include "charts/ChartMeasures.h"
+#include "charts/DenseBlocks.h"
 #include "drawing/Fonts.h"
 #include "drawing/Palette.h"
 
@@ -14,12 +16,15 @@ namespace {
 // Angles of an arc in the painter's unit.
 constexpr double kArcUnitsPerDegree = 16.0;
 
-double deviceScale(const QPainter& painter) { return qAbs(painter.deviceTransform().m11()); }
+// Gaps that are narrower than a pixel are averaged, wider ones begin and end on the device's pixels.
+bool isDense(const QPainter& painter, const ChartPlan& plan) {
+  const QTransform& toDevice = painter.deviceTransform();
+  return toDevice.type() <= QTransform::TxScale && plan.spaceWidth * qAbs(toDevice.m11()) < 1.0;
+}
 
-// Edges fall on the device's pixels while the gaps between blocks are a pixel wide at least; narrower gaps
-// are left to antialiasing.
-bool hasWholeGaps(const QPainter& painter, const ChartPlan& plan) {
-  return plan.spaceWidth * deviceScale(painter) >= 1.0;
+// Leads the painter's points to the pixels of its device.
+void paintInPixels(QPainter& painter) {
+  painter.setTransform(painter.deviceTransform().inverted() * painter.transform());
 }
 
 QBrush brushOf(const ChartPlan& plan, DayPlan::Fill fill) {
@@ -32,10 +37,24 @@ QBrush brushOf(const ChartPlan& plan, DayPlan::Fill fill) {
   return Qt::NoBrush;
 }
 
+void drawDenseBlocks(QPainter& painter, const ChartPlan& plan) {
+  const QPaintDevice* device = painter.device();
+  const QSize pixels = QSize(device->width(), device->height()) * device->devicePixelRatio();
+  const DenseBlocks dense = denseBlocks(plan, painter.deviceTransform(), QRect(QPoint(0, 0), pixels));
+  painter.save();
+  paintInPixels(painter);
+  painter.drawImage(dense.at, dense.picture);
+  painter.restore();
+}
+
 void drawBlocks(QPainter& painter, const ChartPlan& plan) {
+  if (isDense(painter, plan)) {
+    drawDenseBlocks(painter, plan);
+    return;
+  }
   const QBrush brushes[] = {brushOf(plan, DayPlan::Fill::Nothing), brushOf(plan, DayPlan::Fill::Ramp),
                             brushOf(plan, DayPlan::Fill::Red), brushOf(plan, DayPlan::Fill::Green)};
-  painter.setRenderHint(QPainter::Antialiasing, !hasWholeGaps(painter, plan));
+  painter.setRenderHint(QPainter::Antialiasing, false);
   for (const DayPlan& day : plan.days) {
     painter.fillRect(day.block, palette::blockGrey);
     if (day.filledWith != DayPlan::Fill::Nothing)
@@ -77,28 +96,96 @@ void drawSelectRect(QPainter& painter, const SelectionFrame& frame) {
   drawTextAt(painter, frame.dateAt, frame.date);
 }
 
-void drawDays(QPainter& painter, const ChartPlan& plan) {
-  const QFont labelFont = fonts::system(chart::fontSize1);
-  const QPen linePen(palette::white, chart::kLineWidth);
-  painter.setBrush(palette::white);
-  for (size_t i = 0; i < plan.days.size(); ++i) {
-    const DayPlan& day = plan.days[i];
-    if (day.label >= 0) {
-      painter.setFont(labelFont);
-      painter.setPen(palette::black);
-      drawBlockText(painter, plan.labels[static_cast<size_t>(day.label)]);
-    }
-    if (day.dot) {
-      const bool isLast = i + 1 == plan.days.size();
-      painter.setPen(Qt::NoPen);
-      drawDot(painter, *day.dot, isLast ? plan.area.right() : plan.days[i + 1].block.x());
-    }
-    if (day.line) {
-      painter.setPen(linePen);
-      painter.drawLine(*day.line);
-    }
-    if (plan.selection && std::cmp_equal(plan.selection->place, i)) drawSelectRect(painter, *plan.selection);
+double nextBlockOf(const ChartPlan& plan, size_t place) {
+  return place + 1 < plan.days.size() ? plan.days[place + 1].block.x() : plan.area.right();
+}
+
+// Dots of narrow blocks come by the thousand: they are stamped from a few pictures of one dot at different
+// places within its pixel.
+class DotStamp {
+ public:
+  // The dot is cut that far to the right of its centre.
+  DotStamp(double scale, double room) : _scale(scale), _room(room) {}
+
+  void draw(QPainter& painter, QPointF pixels) {
+    const double x = std::floor(pixels.x() * kPlaces) / kPlaces;
+    const double y = std::floor(pixels.y() * kPlaces) / kPlaces;
+    const QPoint corner(qFloor(x), qFloor(y));
+    const int place = qRound((x - corner.x()) * kPlaces) + kPlaces * qRound((y - corner.y()) * kPlaces);
+    QImage& picture = _pictures[static_cast<size_t>(place)];
+    if (picture.isNull()) picture = stamp(QPointF(x - corner.x(), y - corner.y()));
+    painter.drawImage(corner - QPoint(reach(), reach()), picture);
   }
+
+ private:
+  static constexpr int kPlaces = 4;  // in a pixel, along each side
+
+  int reach() const { return qCeil(chart::kDotRadius * _scale) + 1; }
+
+  QImage stamp(QPointF within) const {
+    QImage picture(2 * reach() + 1, 2 * reach() + 1, QImage::Format_ARGB32_Premultiplied);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.translate(QPointF(reach(), reach()) + within);
+    painter.scale(_scale, _scale);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(palette::white);
+    drawDot(painter, QPointF(0, 0), _room);
+    return picture;
+  }
+
+  double _scale;
+  double _room;
+  std::array<QImage, kPlaces * kPlaces> _pictures;
+};
+
+// From one day to the day before another.
+void drawDots(QPainter& painter, const ChartPlan& plan, size_t from, size_t to) {
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(palette::white);
+  for (size_t i = from; i < to; ++i)
+    if (plan.days[i].dot) drawDot(painter, *plan.days[i].dot, nextBlockOf(plan, i));
+}
+
+void stampDots(QPainter& painter, const ChartPlan& plan, size_t from, size_t to, DotStamp& stamp) {
+  const QTransform& toDevice = painter.deviceTransform();
+  painter.save();
+  paintInPixels(painter);
+  for (size_t i = from; i < to; ++i)
+    if (plan.days[i].dot) stamp.draw(painter, toDevice.map(*plan.days[i].dot));
+  painter.restore();
+}
+
+void drawLabels(QPainter& painter, const ChartPlan& plan) {
+  painter.setFont(fonts::system(chart::fontSize1));
+  painter.setPen(palette::black);
+  for (const BlockText& label : plan.labels) drawBlockText(painter, label);
+}
+
+// Dots and the lines between them, from one day to the day before another.
+void drawCurve(QPainter& painter, const ChartPlan& plan, size_t from, size_t to) {
+  if (isDense(painter, plan) && !plan.days.empty()) {
+    const DayPlan& first = plan.days.front();
+    DotStamp stamp(painter.deviceTransform().m11(), nextBlockOf(plan, 0) - first.block.center().x());
+    stampDots(painter, plan, from, to, stamp);
+  } else {
+    drawDots(painter, plan, from, to);
+  }
+  QList<QLineF> lines;
+  for (size_t i = from; i < to; ++i)
+    if (plan.days[i].line) lines.append(*plan.days[i].line);
+  painter.setPen(QPen(palette::white, chart::kLineWidth));
+  painter.drawLines(lines);
+}
+
+// The frame of the selected day lies over what earlier days have left and under what later ones bring.
+void drawDays(QPainter& painter, const ChartPlan& plan) {
+  drawLabels(painter, plan);
+  const size_t selected = plan.selection ? static_cast<size_t>(plan.selection->place) + 1 : 0;
+  drawCurve(painter, plan, 0, selected);
+  if (plan.selection) drawSelectRect(painter, *plan.selection);
+  drawCurve(painter, plan, selected, plan.days.size());
 }
 
 void drawLines(QPainter& painter, const ChartPlan& plan) {

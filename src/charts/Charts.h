@@ -10,12 +10,13 @@
 
 namespace sanovia {
 
-// What the charts of one column share.
+// What the charts of one column share, asked for once for all of them.
 struct ChartInputs {
   double width;  // of the view
   BlockRow blocks;
-  qint64 selectedDay;  // 1 for the first; 0 or beyond the last for none
-  bool hasLabels;      // whether values are written below the blocks
+  qint64 selectedDay;    // 1 for the first; 0 or beyond the last for none
+  QString selectedDate;  // as it is shown
+  bool hasLabels;        // whether values are written below the blocks
   bool isMetric;
   float height;                // metres, -1.0 for an unknown one
   qint64 age;                  // years, -1 for an unknown one

@@ -97,6 +97,7 @@ ChartInputs ChartsView::chartInputs() const {
       .width = static_cast<double>(width()),
       .blocks = initBlocks(),
       .selectedDay = _selectedDay,
+      .selectedDate = dateText(dataAtIndex(_selectedDay - 1)),
       .hasLabels = Utils::daysBetweenDate(_dateFrom, _dateTo) < chart::kDaysWithoutLabels,
       .isMetric = Preferences::isMetric(),
       .height = Preferences::height(),

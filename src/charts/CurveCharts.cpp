@@ -26,7 +26,7 @@ bool addCurve(ChartBuilder& chart, const ChartFrame& frame, const Scale& scale, 
       chart.addLabel(shown(*measured));
       chart.addDot(frame.bottom() - scale.above(*measured, frame.height));
     }
-    chart.endDay(day.date);
+    chart.endDay();
   }
   return hasValue;
 }

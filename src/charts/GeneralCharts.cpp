@@ -37,7 +37,7 @@ ChartPlan planTemperature(const ChartInputs& in, const PropertyPlace& place,
                                              qMax(qAbs(rise), chart::kLeastBar)));
       chart.addLabel(shown(day.temperature));
     }
-    chart.endDay(day.date);
+    chart.endDay();
   }
   chart.addLine(normY, palette::white);
   return chart.finish();
@@ -57,7 +57,7 @@ ChartPlan planGeneral(const ChartInputs& in, const PropertyPlace& place, const s
       const double height = static_cast<double>(day.wellbeing + 1) * step;
       chart.fill(DayPlan::Fill::Ramp, QRectF(block.x(), frame.bottom() - height, block.width(), height));
     }
-    chart.endDay(day.date);
+    chart.endDay();
   }
   for (int row = 1; row < kWellbeingRows; ++row) chart.addLine(frame.bottom() - row * step, palette::white);
   return chart.finish();
@@ -76,7 +76,7 @@ ChartPlan planAppetite(const ChartInputs& in, const PropertyPlace& place, const 
       chart.fill(day.appetite == 0 ? DayPlan::Fill::Red : DayPlan::Fill::Green,
                  QRectF(block.x(), frame.bottom() - static_cast<double>(day.appetite + 1) * step,
                         block.width(), step));
-    chart.endDay(day.date);
+    chart.endDay();
   }
   chart.addLine(frame.bottom() - step, palette::white);
   return chart.finish();

@@ -39,6 +39,8 @@ void PropertiesView::addPropertyView(const Property& property) {
 }
 
 void PropertiesView::addPropertyViews() {
+  // First of all: the first question to the language loads its table, which has the buttons rebuilt.
+  const std::vector<Property> properties = viewsArray();
   const SettingsStore& settings = SettingsStore::standard();
   const QString& key = keyOf(_type);
   const QList<qint64> selected = settings.contains(key) ? settings.integers(key) : kDefaultTags;
@@ -48,7 +50,7 @@ void PropertiesView::addPropertyViews() {
     button->deleteLater();
   }
   _buttons.clear();
-  for (const Property& property : viewsArray()) {
+  for (const Property& property : properties) {
     addPropertyView(property);
     _buttons.last()->setChecked(selected.contains(property.tag));
   }

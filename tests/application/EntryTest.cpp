@@ -3,6 +3,7 @@
 
 #include "application/AppDelegate.h"
 #include "application/MainWindow.h"
+#include "charts/ChartsView.h"
 #include "controls/BaseColoredButton.h"
 #include "entry/EditAnimationView.h"
 #include "entry/MyTableView.h"
@@ -107,6 +108,35 @@ TEST_F(Entry, DoesNotStayOpenOnARecordOfAnotherKindOrInterval) {
   }
   for (const char* kind : {"general", "pressure", "blood"})
     EXPECT_EQ(query(QStringLiteral("SELECT count(*) FROM %1").arg(QString::fromLatin1(kind))), texts({"0"}));
+}
+
+TEST_F(Entry, FromTheChartsItComesAndGoesOverTheCharts) {
+  ui().bnCharts->click();
+  ui().chartsView->selectDay(15);
+  QTest::keyClick(ui().chartsView, Qt::Key_Return);
+  EXPECT_TRUE(QTest::qWaitFor([this] { return panel().opened(); }));
+  EXPECT_EQ(panel().data(), ui().chartsView->dataAtIndex(14));
+  panel().buttonOf(602)->click();
+  QTest::keyClick(&panel(), Qt::Key_Escape);
+  waitUntilShut();
+  EXPECT_TRUE(ui().chartsView->hasFocus());
+  EXPECT_TRUE(ui().dataView->isHidden());
+  EXPECT_EQ(ui().chartsView->dayText(102, 15), QStringLiteral("11/15/2026: Good"));
+}
+
+TEST_F(Entry, ASwitchWhileThePanelRisesSendsItBack) {
+  for (QAbstractButton* const mode : std::initializer_list<QAbstractButton*>{ui().bnCharts, ui().bnData}) {
+    ui().bnData->click();
+    waitUntilShut();
+    table().selectRow(0);
+    QTest::keyClick(&table(), Qt::Key_Return);
+    EXPECT_TRUE(panel().isAnimating());
+    mode->click();
+    EXPECT_TRUE(QTest::qWaitFor([this] { return panel().opened(); }));
+    waitUntilShut();
+    EXPECT_EQ(ui().dataView->isHidden(), mode == ui().bnCharts);
+    EXPECT_EQ(ui().chartsScrollView->isHidden(), mode == ui().bnData);
+  }
 }
 
 }  // namespace
