@@ -1,6 +1,6 @@
 #!/usr/bin/python3
-"""Drives the running diary as a screen reader would, over AT-SPI: reads and operates the strip, the table and the
-calendar. Ends with 0 when everything was found, read and done; says what was not."""
+"""Drives the running diary as a screen reader would, over AT-SPI: reads and operates the strip, the table, the
+calendar and the charts. Ends with 0 when everything was found, read and done; says what was not."""
 import sys
 import time
 
@@ -82,3 +82,21 @@ other = awaited("a day of the month before",
 press(other)
 check("the table has grown", lambda: table.queryTable().nRows > 15)
 check("the calendar is gone", lambda: not has(other, pyatspi.STATE_SHOWING))
+
+# The charts: buttons that say whether they are open, days that say their values, a day that is edited.
+days = table.queryTable().nRows
+press(element(app, "Charts"))
+chart = element(app, "Appetite", lambda found: found.getRole() == pyatspi.ROLE_CHART)
+button = element(app, "Appetite", lambda found: found.getRole() == pyatspi.ROLE_PUSH_BUTTON and has(found, pyatspi.STATE_CHECKED))
+check("the chart has the days of the table", lambda: chart.childCount == days)
+check("a day says that it is empty", lambda: chart[days - 1].name.endswith(": not entered"))
+day = chart[days - 1].queryAction()
+day.doAction([day.getName(i) for i in range(day.nActions)].index("SetFocus"))
+check("the day is selected", lambda: has(chart[days - 1], pyatspi.STATE_SELECTED))
+press(chart[days - 1])
+press(element(app, "Appetite plus", lambda found: has(found, pyatspi.STATE_SHOWING)))
+press(element(app, "Close", lambda found: has(found, pyatspi.STATE_SHOWING)))
+check("the day says its value", lambda: chart[days - 1].name.endswith(": Good"))
+press(button)
+check("the chart is gone", lambda: pyatspi.findDescendant(
+    app, lambda found: found.getRole() == pyatspi.ROLE_CHART and found.name == "Appetite") is None)

@@ -1,5 +1,6 @@
 // The charts by number: where blocks, bars, marks, labels, dots and lines lie.
 #include "charts/Charts.h"
+#include "charts/ScaleTexts.h"
 #include "drawing/Palette.h"
 #include "support/TestHome.h"
 
@@ -310,6 +311,16 @@ TEST(Charts, FrameTheSelectedDayAndMarkACopyOnTrial) {
   EXPECT_EQ(plan.selection->dateAt.y(), 89 - 24);
   EXPECT_NEAR(plan.selection->dateAt.x() + 30, plan.days[0].block.center().x(), 1e-6);
   EXPECT_EQ(plan.trial->at, QPointF(385, 53 + 94));
+}
+
+TEST(Charts, AScaleOfThirdsStandsOnItsFoot) {
+  EXPECT_EQ(linesAtPos(100, 50, 6), (std::vector<double>{148 - 20.0F / 6 * 2, 148 - 20.0F / 6 * 4}));
+  EXPECT_EQ(linesAtPos(100, 50, 4), (std::vector<double>{143, 138})) << "thirds are whole numbers";
+  EXPECT_TRUE(linesAtPos(100, 50, 0).empty());
+  EXPECT_EQ(stringsAtPos(100, 50, 4)[1].at, QPointF(15, 128));
+  EXPECT_EQ(stringsAtPos(100, 50, 4)[1].word, u"2"_s);
+  EXPECT_EQ(stringValuesAtPos(100, 50, {u"a"_s, u"b"_s})[0].at, QPointF(15, 136));
+  EXPECT_EQ(stringValuesAtPos(100, 50, {u"a"_s, u"b"_s})[1].at, QPointF(15, 128));
 }
 
 }  // namespace
