@@ -1,20 +1,15 @@
 #include "charts/ChartPainter.h"
 
 #include <QPainter>
-#include <QtMath>
-
-#include <array>
 
 #include "charts/ChartMeasures.h"
 #include "charts/DenseBlocks.h"
+#include "charts/DotStamp.h"
 #include "drawing/Fonts.h"
 #include "drawing/Palette.h"
 
 namespace sanovia {
 namespace {
-
-// Angles of an arc in the painter's unit.
-constexpr double kArcUnitsPerDegree = 16.0;
 
 // Gaps that are narrower than a pixel are averaged, wider ones begin and end on the device's pixels.
 bool isDense(const QPainter& painter, const ChartPlan& plan) {
@@ -75,19 +70,6 @@ void drawFrame(QPainter& painter, const QRectF& rect, const QColor& color) {
   painter.setRenderHint(QPainter::Antialiasing);
 }
 
-// The dot as far as the next block leaves it, whose left edge is given.
-void drawDot(QPainter& painter, QPointF centre, double nextBlock) {
-  const double radius = chart::kDotRadius;
-  const QRectF oval(centre.x() - radius, centre.y() - radius, 2 * radius, 2 * radius);
-  const double room = nextBlock - centre.x();
-  if (room >= radius) {
-    painter.drawEllipse(oval);
-    return;
-  }
-  const double cut = qRadiansToDegrees(std::acos(room / radius));
-  painter.drawChord(oval, qRound(cut * kArcUnitsPerDegree), qRound((360 - 2 * cut) * kArcUnitsPerDegree));
-}
-
 void drawSelectRect(QPainter& painter, const SelectionFrame& frame) {
   drawFrame(painter, frame.outer, palette::teal);
   drawFrame(painter, frame.inner, palette::white);
@@ -99,46 +81,6 @@ void drawSelectRect(QPainter& painter, const SelectionFrame& frame) {
 double nextBlockOf(const ChartPlan& plan, size_t place) {
   return place + 1 < plan.days.size() ? plan.days[place + 1].block.x() : plan.area.right();
 }
-
-// Dots of narrow blocks come by the thousand: they are stamped from a few pictures of one dot at different
-// places within its pixel.
-class DotStamp {
- public:
-  // The dot is cut that far to the right of its centre.
-  DotStamp(double scale, double room) : _scale(scale), _room(room) {}
-
-  void draw(QPainter& painter, QPointF pixels) {
-    const double x = std::floor(pixels.x() * kPlaces) / kPlaces;
-    const double y = std::floor(pixels.y() * kPlaces) / kPlaces;
-    const QPoint corner(qFloor(x), qFloor(y));
-    const int place = qRound((x - corner.x()) * kPlaces) + kPlaces * qRound((y - corner.y()) * kPlaces);
-    QImage& picture = _pictures[static_cast<size_t>(place)];
-    if (picture.isNull()) picture = stamp(QPointF(x - corner.x(), y - corner.y()));
-    painter.drawImage(corner - QPoint(reach(), reach()), picture);
-  }
-
- private:
-  static constexpr int kPlaces = 4;  // in a pixel, along each side
-
-  int reach() const { return qCeil(chart::kDotRadius * _scale) + 1; }
-
-  QImage stamp(QPointF within) const {
-    QImage picture(2 * reach() + 1, 2 * reach() + 1, QImage::Format_ARGB32_Premultiplied);
-    picture.fill(Qt::transparent);
-    QPainter painter(&picture);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.translate(QPointF(reach(), reach()) + within);
-    painter.scale(_scale, _scale);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(palette::white);
-    drawDot(painter, QPointF(0, 0), _room);
-    return picture;
-  }
-
-  double _scale;
-  double _room;
-  std::array<QImage, kPlaces * kPlaces> _pictures;
-};
 
 // From one day to the day before another.
 void drawDots(QPainter& painter, const ChartPlan& plan, size_t from, size_t to) {
@@ -168,7 +110,10 @@ void drawCurve(QPainter& painter, const ChartPlan& plan, size_t from, size_t to)
   if (isDense(painter, plan) && !plan.days.empty()) {
     const DayPlan& first = plan.days.front();
     DotStamp stamp(painter.deviceTransform().m11(), nextBlockOf(plan, 0) - first.block.center().x());
-    stampDots(painter, plan, from, to, stamp);
+    // No block cuts the last dot.
+    const size_t last = qMin(to, plan.days.size() - 1);
+    stampDots(painter, plan, from, last, stamp);
+    drawDots(painter, plan, qMax(from, last), to);
   } else {
     drawDots(painter, plan, from, to);
   }
