@@ -7,7 +7,8 @@ BUILD_PACKAGES=(build-essential cmake ninja-build ccache pkg-config git
 
 # What the checks need beside that.
 CHECK_PACKAGES=(clang-format libgtest-dev sqlite3
-  xvfb xauth dbus at-spi2-core python3 python3-pyatspi)
+  xvfb xauth dbus at-spi2-core python3 python3-pyatspi
+  desktop-file-utils appstream groff-base dpkg-dev lintian)
 
 BENCHMARK_PACKAGES=(libbenchmark-dev)
 

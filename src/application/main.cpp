@@ -8,6 +8,7 @@ int main(int argc, char** argv) {
   QApplication application(argc, argv);
   QApplication::setApplicationName(QStringLiteral("Sanovia"));
   QApplication::setApplicationVersion(QStringLiteral(SANOVIA_VERSION));
+  QApplication::setDesktopFileName(QStringLiteral("com.quillmere.Sanovia"));
 
   sanovia::AppDelegate delegate;
   QObject::connect(&application, &QCoreApplication::aboutToQuit, &delegate,
