@@ -6,9 +6,9 @@
 
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
+  QApplication::setDesktopFileName(QStringLiteral("com.quillmere.Sanovia"));
   QApplication::setApplicationName(QStringLiteral("Sanovia"));
   QApplication::setApplicationVersion(QStringLiteral(SANOVIA_VERSION));
-  QApplication::setDesktopFileName(QStringLiteral("com.quillmere.Sanovia"));
 
   sanovia::AppDelegate delegate;
   QObject::connect(&application, &QCoreApplication::aboutToQuit, &delegate,
