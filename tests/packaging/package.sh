@@ -17,7 +17,7 @@ expect() { # FIELD WORD...: the control field names each of them
   done
 }
 # Libraries are found by what the programs link, the rest is what Qt loads by itself.
-expect Depends libc6 libqt6widgets6 libsqlite3-0 libplist3 qt6-qpa-plugins libqt6svg6 fonts-dejavu-core
+expect Depends libc6 libqt6widgets6 libsqlite3-0 libplist3 qt6-qpa-plugins qt6-translations-l10n libqt6svg6 fonts-dejavu-core
 expect Recommends fonts-noto-cjk
 
 # The package was never in an archive, so that its first entry closes no bug there.
