@@ -2,7 +2,7 @@
 
 # What the program is built from and needs to run, as Debian 12 names it.
 BUILD_PACKAGES=(build-essential cmake ninja-build ccache pkg-config git
-  qt6-base-dev qt6-svg-dev qt6-qpa-plugins libgl-dev libsqlite3-dev libplist-dev
+  qt6-base-dev qt6-svg-dev qt6-qpa-plugins qt6-translations-l10n libgl-dev libsqlite3-dev libplist-dev
   fonts-dejavu-core fonts-noto-cjk)
 
 # What the checks need beside that.

@@ -4,7 +4,10 @@
 #include <QRegularExpression>
 #include <QScreen>
 
+#include "application/HelpWindow.h"
 #include "application/MainWindow.h"
+#include "application/PreferencesSheet.h"
+#include "controls/AboutPanel.h"
 #include "database/Blood.h"
 #include "database/DBManager.h"
 #include "database/General.h"
@@ -40,7 +43,10 @@ bool hasRows(const QString& from, const QString& to) {
 AppDelegate::AppDelegate()
     : _window(std::make_unique<MainWindow>()), _editView(new EditAnimationView(_window->centralWidget())) {
   Preferences::fillInMissingDefaults();
+  _preferencesSheet = new PreferencesSheet(_window.get());
+  _aboutPanel = new AboutPanel(_window.get());
   connectOutlets();
+  connectMenus();
 }
 
 AppDelegate::~AppDelegate() {
@@ -139,18 +145,26 @@ bool AppDelegate::restoreFrame() {
   return true;
 }
 
-void AppDelegate::dataIsPresent() {
+bool AppDelegate::intervalHoldsData() {
   const QString from = Utils::convertDate(getStartDate(), Utils::databaseFormat());
   const QString to = Utils::convertDate(getEndDate(), Utils::databaseFormat());
   const bool general = hasRows<General>(from, to);
   const bool pressure = hasRows<Pressure>(from, to);
   const bool blood = hasRows<Blood>(from, to);
-  _window->outlets().reportOutlet->setEnabled(general || pressure || blood);
+  return general || pressure || blood;
+}
+
+void AppDelegate::dataIsPresent() {
+  const Ui::MainWindow& ui = _window->outlets();
+  const bool holdsData = intervalHoldsData();
+  ui.reportOutlet->setEnabled(holdsData);
+  for (QAction* item : {ui.miOpenReport, ui.miSaveReport, ui.miPrint}) item->setEnabled(holdsData);
 }
 
 void AppDelegate::registerApp() {
   Licensing::registerApp();
   if (Licensing::isTrial()) _window->setWindowTitle(_window->windowTitle() + kTrialTitle);
+  validateMenus();
 }
 
 }  // namespace sanovia

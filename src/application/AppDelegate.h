@@ -9,11 +9,16 @@
 
 #include "calendar/MLCalendarView.h"
 
+class QAction;
+
 namespace sanovia {
 
+class AboutPanel;
 class EditAnimationView;
+class HelpWindow;
 class MainWindow;
 class Popover;
+class PreferencesSheet;
 
 class AppDelegate : public QObject, public MLCalendarViewDelegate {
   Q_OBJECT
@@ -31,6 +36,10 @@ class AppDelegate : public QObject, public MLCalendarViewDelegate {
   // The month page and what it hangs in; null before the first opening.
   MLCalendarView* calendarView() const { return _calendarView; }
   Popover* calendarPopover() const { return _calendarPopover; }
+  PreferencesSheet* preferencesSheet() const { return _preferencesSheet; }
+  AboutPanel* aboutPanel() const { return _aboutPanel; }
+  // Null before the help was first shown.
+  HelpWindow* helpWindow() const { return _helpWindow.get(); }
 
   // Before the window shows: its least size and its last frame.
   void applicationWillFinishLaunching();
@@ -43,7 +52,8 @@ class AppDelegate : public QObject, public MLCalendarViewDelegate {
   // The main window closes: the process ends.
   void windowWillClose();
 
-  // Enables the report button when the interval holds a row of any kind.
+  // Enables the report button, and the commands that need a report, when the interval holds a row of any
+  // kind.
   void dataIsPresent();
   // The licence check; in the trial state the window's title says so, once more at each call.
   void registerApp();
@@ -61,6 +71,27 @@ class AppDelegate : public QObject, public MLCalendarViewDelegate {
   void didSelectDateFrom(const QDateTime& date) override;
   void didSelectDateTo(const QDateTime& date) override;
 
+  // The commands of the menus, each under the name that its items carry in the layout file as "command".
+  void saveReport();
+  void print();
+  void openReport();
+  void viewMenuAction(const QAction* item);
+  void preferences();
+  void displayHelp();
+  // Returns when the panel has closed.
+  void runAbout();
+  // Whether the item is to be enabled now; false for one without a command that is known. Counts the rows
+  // anew.
+  bool validateMenuItem(const QAction* item);
+  // Brings the window, or the sheet on it, to the front, with the desk's leave if there is one.
+  void comeToFront(const QString& token);
+  // Kept for the upgrades that there are none of.
+  void reinitMenuInApp() {}
+  void notifInAppFound() {}
+  void upgradeInApp() {}
+
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
   // Test data for development: a record of random values for each date, in a table that is empty.
   void initGeneral(const QList<QDateTime>& dates);
   void initPressure(const QList<QDateTime>& dates);
@@ -68,6 +99,12 @@ class AppDelegate : public QObject, public MLCalendarViewDelegate {
 
  private:
   void connectOutlets();
+  void connectMenus();
+  QList<QAction*> menuItems() const;
+  void validateMenus();
+  void carryOut(QAction* item);
+  void didEndPreferences();
+  bool intervalHoldsData();
   bool restoreFrame();
   void createCalendarPopover();
 
@@ -78,6 +115,10 @@ class AppDelegate : public QObject, public MLCalendarViewDelegate {
   EditAnimationView* _editView;
   Popover* _calendarPopover = nullptr;
   MLCalendarView* _calendarView = nullptr;
+  PreferencesSheet* _preferencesSheet;
+  AboutPanel* _aboutPanel;
+  std::unique_ptr<HelpWindow> _helpWindow;
+  bool _isAboutRunning = false;
 };
 
 }  // namespace sanovia

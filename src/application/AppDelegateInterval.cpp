@@ -2,6 +2,7 @@
 #include "application/AppDelegate.h"
 #include "application/MainWindow.h"
 #include "controls/Popover.h"
+#include "controls/Relabelling.h"
 #include "dates/Utils.h"
 #include "diary/DateInterval.h"
 #include "entry/EditAnimationView.h"
@@ -72,6 +73,7 @@ void AppDelegate::createCalendarPopover() {
   if (_calendarPopover != nullptr) return;
   _calendarView = new MLCalendarView;
   _calendarView->setDelegate(this);
+  refreshLanguageInView(_calendarView);  // it has missed the launch
   _calendarPopover = new Popover(_window.get(), _calendarView);
 }
 

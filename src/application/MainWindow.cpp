@@ -3,6 +3,7 @@
 #include <QCloseEvent>
 #include <QIcon>
 
+#include "controls/HouseStyle.h"
 #include "controls/Relabelling.h"
 #include "drawing/Fonts.h"
 #include "ui_MainWindow.h"
@@ -11,6 +12,7 @@ namespace sanovia {
 namespace {
 
 constexpr int kIntervalPixels = 14;
+constexpr int kMenuPixels = 13;
 
 }  // namespace
 
@@ -19,6 +21,7 @@ MainWindow::MainWindow() : _ui(std::make_unique<Ui::MainWindow>()) {
   setWindowIcon(QIcon(QStringLiteral(":/images/Sanovia.svg")));
   for (QWidget* label : {_ui->dateFieldFrom, _ui->dateFieldTo, _ui->dateFieldInterval})
     label->setFont(fonts::system(kIntervalPixels));
+  dressInHouseStyle(_ui->menuBar, kMenuPixels);
   keepLanguageKeys(this);
 }
 

@@ -55,6 +55,11 @@ void BaseColoredButton::setKeepsImageSize(bool keeps) {
   update();
 }
 
+void BaseColoredButton::setFitToFrame(bool fits) {
+  _isFitToFrame = fits;
+  update();
+}
+
 void BaseColoredButton::setAllowsMixedState(bool allows) {
   _allowsMixedState = allows;
   update();
@@ -71,6 +76,10 @@ NamedImage BaseColoredButton::currentImage() const {
   return NamedImage::named(isSelected() ? _alternateImageName : _imageName);
 }
 
+QRectF BaseColoredButton::imageRect(QSizeF image) const {
+  return _isFitToFrame ? QRectF(rect()) : QRectF(imageOrigin(_imagePosition, size(), image), image);
+}
+
 double BaseColoredButton::fraction() const { return isEnabled() ? 1.0 : kDisabledFraction; }
 
 void BaseColoredButton::paintEvent(QPaintEvent* event) {
@@ -80,8 +89,7 @@ void BaseColoredButton::paintEvent(QPaintEvent* event) {
     return;
   }
   QPainter painter(this);
-  const QSizeF size = _keepsImageSize ? image.size() : QSizeF(this->size());
-  image.drawInRect(painter, QRectF(imageOrigin(_imagePosition, this->size(), size), size), fraction());
+  image.drawInRect(painter, imageRect(_keepsImageSize ? image.size() : QSizeF(size())), fraction());
   if (hasFocus()) drawFocusMark(painter, rect());
 }
 
@@ -93,6 +101,24 @@ void BaseColoredButton::enterEvent(QEnterEvent* event) {
 void BaseColoredButton::leaveEvent(QEvent* event) {
   QPushButton::leaveEvent(event);
   update();
+}
+
+void BaseColoredButtonDisabled::setAlternateTitle(const QString& imageName) {
+  _alternateTitle = imageName;
+  update();
+}
+
+NamedImage BaseColoredButtonDisabled::currentImage() const {
+  return isSelected() || isEnabled() ? BaseColoredButton::currentImage() : NamedImage::named(_alternateTitle);
+}
+
+QRectF BaseColoredButtonDisabled::imageRect(QSizeF image) const {
+  return isFitToFrame() ? QRectF(rect()) : QRectF(QPointF(0, 0), image);
+}
+
+QRectF BaseColoredCenteredButton::imageRect(QSizeF image) const {
+  return image == QSizeF(size()) ? BaseColoredButtonDisabled::imageRect(image)
+                                 : QRectF(imageOrigin(ImagePosition::Only, size(), image), image);
 }
 
 }  // namespace sanovia

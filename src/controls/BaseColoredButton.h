@@ -39,8 +39,14 @@ class BaseColoredButton : public QPushButton {
   void setImagePosition(ImagePosition position);
   // Scaled to the button's size unless it is to keep its own.
   void setKeepsImageSize(bool keeps);
+  // Stretched over the whole button, whatever its position; false unless set.
+  void setFitToFrame(bool fits);
+  bool isFitToFrame() const { return _isFitToFrame; }
   // A button that allows the mixed state looks pressed only while it is held.
   void setAllowsMixedState(bool allows);
+  // A mark for the button's owner; the button itself makes nothing of it.
+  void setDragEnable(bool enable) { _isDragEnable = enable; }
+  bool isDragEnable() const { return _isDragEnable; }
 
   // Whether the alternate image shows: while held, or on.
   bool isSelected() const;
@@ -50,9 +56,11 @@ class BaseColoredButton : public QPushButton {
  protected:
   void paintEvent(QPaintEvent* event) override;
   // The image of the present state.
-  NamedImage currentImage() const;
+  virtual NamedImage currentImage() const;
+  // Where an image of that size is painted.
+  virtual QRectF imageRect(QSizeF image) const;
   // How strongly it is painted.
-  double fraction() const;
+  virtual double fraction() const;
   void enterEvent(QEnterEvent* event) override;
   void leaveEvent(QEvent* event) override;
 
@@ -61,7 +69,41 @@ class BaseColoredButton : public QPushButton {
   QString _alternateImageName;
   ImagePosition _imagePosition = ImagePosition::Only;
   bool _keepsImageSize = false;
+  bool _isFitToFrame = false;
   bool _allowsMixedState = false;
+  bool _isDragEnable = false;
+};
+
+// Has an image of its own for the disabled state instead of the dimmed look, named by its alternate title,
+// and paints all three from the upper left corner.
+class BaseColoredButtonDisabled : public BaseColoredButton {
+  Q_OBJECT
+  Q_PROPERTY(QString alternateTitle READ alternateTitle WRITE setAlternateTitle)
+
+ public:
+  using BaseColoredButton::BaseColoredButton;
+
+  const QString& alternateTitle() const { return _alternateTitle; }
+  void setAlternateTitle(const QString& imageName);
+
+ protected:
+  NamedImage currentImage() const override;
+  QRectF imageRect(QSizeF image) const override;
+  double fraction() const override { return 1.0; }
+
+ private:
+  QString _alternateTitle;
+};
+
+// The same with the image in the middle, where it is of another size than the button.
+class BaseColoredCenteredButton : public BaseColoredButtonDisabled {
+  Q_OBJECT
+
+ public:
+  using BaseColoredButtonDisabled::BaseColoredButtonDisabled;
+
+ protected:
+  QRectF imageRect(QSizeF image) const override;
 };
 
 }  // namespace sanovia

@@ -25,5 +25,7 @@ inline constexpr QColor darkGray{85, 85, 85};
 inline constexpr QColor lightGray{170, 170, 170};
 // The mark of a copy on trial, over everything else.
 inline constexpr QColor trial{179, 179, 179, 128};
+// What lies over a control that is disabled, and behind one that is on.
+inline constexpr QColor veil{153, 153, 153, 128};
 
 }  // namespace sanovia::palette

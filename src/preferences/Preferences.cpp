@@ -11,8 +11,6 @@ const QString kName = QStringLiteral("userName");
 const QString kHeight = QStringLiteral("userHeight");
 const QString kMeasure = QStringLiteral("userMeasure");
 const QString kBirthday = QStringLiteral("userBirthday");
-const QString kUS = QStringLiteral("US");
-const QString kMetric = QStringLiteral("Metric");
 const QString kDefaultBirthday = QStringLiteral("1/1/1980");
 constexpr float kDefaultHeight = 1.7F;  // metres
 constexpr float kNoHeight = -1.0F;
@@ -30,9 +28,9 @@ bool Preferences::hasHeight() { return height() != kNoHeight; }
 
 QString Preferences::measure() { return SettingsStore::standard().string(kMeasure); }
 
-bool Preferences::isUS() { return measure() == kUS; }
+bool Preferences::isUS() { return measure() == us(); }
 
-bool Preferences::isMetric() { return measure() == kMetric; }
+bool Preferences::isMetric() { return measure() == metric(); }
 
 QDateTime Preferences::birthday() { return dateWithString(SettingsStore::standard().string(kBirthday)); }
 
@@ -43,7 +41,7 @@ void Preferences::fillInMissingDefaults() {
     settings.synchronize();
   }
   if (!settings.contains(kMeasure)) {
-    settings.setString(kMeasure, Language::systemLanguage() == Language::english() ? kUS : kMetric);
+    settings.setString(kMeasure, Language::systemLanguage() == Language::english() ? us() : metric());
     settings.synchronize();
   }
   if (!settings.contains(kBirthday)) {
@@ -51,6 +49,21 @@ void Preferences::fillInMissingDefaults() {
     if (standIn.isValid()) settings.setString(kBirthday, description(standIn));
     settings.synchronize();
   }
+}
+
+void Preferences::store(const QString& name, float height, const QString& measure,
+                        const QDateTime& birthday) {
+  SettingsStore& settings = SettingsStore::standard();
+  settings.setString(kName, name);
+  settings.setReal(kHeight, height);
+  settings.setString(kMeasure, measure);
+  settings.setString(kBirthday, description(birthday));
+  settings.synchronize();
+}
+
+void Preferences::storeBirthday(const QDateTime& birthday) {
+  SettingsStore::standard().setString(kBirthday, description(birthday));
+  SettingsStore::standard().synchronize();
 }
 
 QString Preferences::description(const QDateTime& date) {

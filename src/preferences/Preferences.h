@@ -14,6 +14,10 @@ inline const QString changeMeasurementsNotification = RefreshLanguageNotificatio
 
 class Preferences {
  public:
+  // The names of the two measure systems, as they are stored.
+  static QString us() { return QStringLiteral("US"); }
+  static QString metric() { return QStringLiteral("Metric"); }
+
   // A null string while no name was ever stored.
   static QString name();
   // Metres, whatever the measure system; -1.0 when no height is set.
@@ -32,6 +36,11 @@ class Preferences {
   // English and "Metric" otherwise. A birthday has no default: the text "1/1/1980" that stands for one does
   // not parse, so the key stays absent.
   static void fillInMissingDefaults();
+
+  // Stores what the person has said, all of it at once; the height in metres whatever the measure. The
+  // measure is one of the two names.
+  static void store(const QString& name, float height, const QString& measure, const QDateTime& birthday);
+  static void storeBirthday(const QDateTime& birthday);
 
   // The persisted text form of an instant, "1980-01-01 00:00:00 +0000", always written in UTC.
   static QString description(const QDateTime& date);

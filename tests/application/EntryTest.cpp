@@ -36,12 +36,13 @@ class Entry : public TestHome {
   Ui::MainWindow& ui() { return delegate.window()->outlets(); }
   MyTableView& table() { return *ui().dataView->getTable(); }
   EditAnimationView& panel() { return *delegate.editView(); }
+  int menus() { return ui().menuBar->height(); }
 };
 
 TEST_F(Entry, TakesAValueAndShowsItInTheTable) {
   openRow(0);
   EXPECT_TRUE(ui().dataView->isHidden());
-  EXPECT_EQ(panel().geometry(), QRect(0, 120, 800, 680));
+  EXPECT_EQ(panel().geometry(), QRect(0, 120, 800, 680 - menus()));
   EXPECT_EQ(ui().toolsView->geometry(), QRect(0, 0, 800, 120)) << "the strip stays where it is";
   EXPECT_TRUE(panel().hasFocus());
   panel().buttonOf(602)->click();
@@ -67,11 +68,11 @@ TEST_F(Entry, KeepsThePanelInItsPlaceWhileTheWindowIsResized) {
   openRow(0);
   delegate.window()->resize(1100, 1000);
   QCoreApplication::processEvents();
-  EXPECT_EQ(panel().geometry(), QRect(0, 120, 1100, 880));
+  EXPECT_EQ(panel().geometry(), QRect(0, 120, 1100, 880 - menus()));
   panel().animate();
   delegate.window()->resize(900, 900);
   waitUntilShut();
-  EXPECT_EQ(panel().geometry(), QRect(0, 900, 900, 780));
+  EXPECT_EQ(panel().geometry(), QRect(0, 900 - menus(), 900, 780 - menus()));
 }
 
 TEST_F(Entry, ShutsThePanelWhenItsDayIsAboutToGo) {

@@ -1,0 +1,178 @@
+// The menus of AppDelegate: what each command does and when it is enabled.
+#include <QApplication>
+#include <QDesktopServices>
+#include <QKeyEvent>
+#include <QMenuBar>
+#include <QTimer>
+#include <QUrl>
+
+#include <algorithm>
+
+#include "application/AboutSession.h"
+#include "application/AppDelegate.h"
+#include "application/HelpWindow.h"
+#include "application/MainWindow.h"
+#include "application/PreferencesSheet.h"
+#include "controls/AboutPanel.h"
+#include "entry/MyTableView.h"
+#include "foundation/Log.h"
+#include "foundation/Paths.h"
+#include "licensing/Licensing.h"
+#include "ui_MainWindow.h"
+
+namespace sanovia {
+namespace {
+
+const char* const kCommand = "command";
+const char* const kTag = "tag";
+// Items of the view menu: a tag below this is a view mode, any other a kind of record plus this.
+constexpr qint64 kFirstTypeTag = 2;
+const char* const kToken = "XDG_ACTIVATION_TOKEN";
+
+enum class Rule : quint8 { Always, InTheTrialState, UnlessShowing, WithData };
+
+struct Command {
+  const char* name;
+  Rule rule;
+  void (*carryOut)(AppDelegate& delegate, const QAction* item);
+};
+
+constexpr Command kCommands[] = {
+    {"openReport", Rule::WithData, [](AppDelegate& delegate, const QAction*) { delegate.openReport(); }},
+    {"saveReport", Rule::WithData, [](AppDelegate& delegate, const QAction*) { delegate.saveReport(); }},
+    {"print", Rule::WithData, [](AppDelegate& delegate, const QAction*) { delegate.print(); }},
+    {"preferences", Rule::Always, [](AppDelegate& delegate, const QAction*) { delegate.preferences(); }},
+    {"terminate", Rule::Always, [](AppDelegate& delegate, const QAction*) { delegate.window()->close(); }},
+    {"viewMenuAction", Rule::UnlessShowing,
+     [](AppDelegate& delegate, const QAction* item) { delegate.viewMenuAction(item); }},
+    {"displayHelp", Rule::Always, [](AppDelegate& delegate, const QAction*) { delegate.displayHelp(); }},
+    {"registerApp", Rule::InTheTrialState,
+     [](AppDelegate& delegate, const QAction*) { delegate.registerApp(); }},
+    // Later, so that whoever gave the command does not wait for the panel's end.
+    {"runAbout", Rule::Always,
+     [](AppDelegate& delegate, const QAction*) { QTimer::singleShot(0, &delegate, &AppDelegate::runAbout); }},
+};
+
+const Command* commandOf(const QAction* item) {
+  const QByteArray name = item->property(kCommand).toString().toLatin1();
+  const auto* found = std::ranges::find_if(kCommands, [&](const Command& row) { return name == row.name; });
+  return found == std::end(kCommands) ? nullptr : found;
+}
+
+qint64 tagOf(const QAction* item) { return item->property(kTag).toLongLong(); }
+
+}  // namespace
+
+void AppDelegate::connectMenus() {
+  const Ui::MainWindow& ui = _window->outlets();
+  for (QAction* item : menuItems())
+    connect(item, &QAction::triggered, this, [this, item] { carryOut(item); });
+  for (const QMenu* menu : ui.menuBar->findChildren<QMenu*>())
+    connect(menu, &QMenu::aboutToShow, this, &AppDelegate::validateMenus);
+  for (QAbstractButton* button : {ui.bnGeneral, ui.bnPressure, ui.bnBlood, ui.bnData, ui.bnCharts})
+    connect(button, &QAbstractButton::clicked, this, &AppDelegate::validateMenus);
+  connect(ui.reportOutlet, &QAbstractButton::clicked, this, &AppDelegate::openReport);
+  connect(_preferencesSheet, &QDialog::finished, this, &AppDelegate::didEndPreferences);
+  connect(_aboutPanel, &AboutPanel::folderWanted, this,
+          [] { QDesktopServices::openUrl(QUrl::fromLocalFile(Paths::dataFolder())); });
+  qApp->installEventFilter(this);
+}
+
+QList<QAction*> AppDelegate::menuItems() const {
+  QList<QAction*> items;
+  for (const QMenu* menu : _window->outlets().menuBar->findChildren<QMenu*>())
+    for (QAction* item : menu->actions())
+      if (!item->isSeparator()) items.append(item);
+  return items;
+}
+
+bool AppDelegate::validateMenuItem(const QAction* item) {
+  const Command* command = commandOf(item);
+  if (command == nullptr) return false;
+  const Ui::MainWindow& ui = _window->outlets();
+  const qint64 tag = tagOf(item);
+  switch (command->rule) {
+    case Rule::Always: return true;
+    case Rule::InTheTrialState: return Licensing::isTrial();
+    case Rule::WithData: return intervalHoldsData();
+    case Rule::UnlessShowing:
+      return tag < kFirstTypeTag ? tag != (ui.chartsScrollView->isHidden() ? 0 : 1)
+                                 : tag - kFirstTypeTag != ui.chartsView->type();
+  }
+  return false;
+}
+
+void AppDelegate::validateMenus() {
+  for (QAction* item : menuItems()) item->setEnabled(validateMenuItem(item));
+}
+
+// A key finds its item as fresh as an opened menu shows it: the question whether somebody overrides the
+// shortcut comes before the shortcut.
+bool AppDelegate::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::ShortcutOverride && watched->isWidgetType()) {
+    const auto* key = static_cast<QKeyEvent*>(event);
+    const QKeySequence keys(QKeyCombination(key->modifiers() & ~Qt::KeypadModifier, Qt::Key(key->key())));
+    for (QAction* item : menuItems())
+      if (item->shortcut() == keys) item->setEnabled(validateMenuItem(item));
+  }
+  return QObject::eventFilter(watched, event);
+}
+
+void AppDelegate::carryOut(QAction* item) {
+  const Command* command = commandOf(item);
+  if (command != nullptr && validateMenuItem(item)) command->carryOut(*this, item);
+}
+
+void AppDelegate::viewMenuAction(const QAction* item) {
+  ToolsView* tools = _window->outlets().toolsView;
+  const qint64 tag = tagOf(item);
+  if (tag < kFirstTypeTag)
+    tools->changeMode(tag);
+  else
+    tools->changeType(tag - kFirstTypeTag);
+  validateMenus();
+}
+
+void AppDelegate::preferences() {
+  if (_preferencesSheet->isVisible()) return;
+  _preferencesSheet->checkUserDefaultData();
+  _preferencesSheet->open();
+}
+
+// What was stored without a word shows with the next drawing.
+void AppDelegate::didEndPreferences() {
+  _preferencesSheet->close();
+  const Ui::MainWindow& ui = _window->outlets();
+  ui.chartsView->update();
+  ui.dataView->getTable()->viewport()->update();
+}
+
+void AppDelegate::displayHelp() {
+  const QString page = HelpWindow::mainPage();
+  if (page.isEmpty()) {
+    logLine(QStringLiteral("There is no help page"));
+    return;
+  }
+  if (!_helpWindow) _helpWindow = std::make_unique<HelpWindow>();
+  _helpWindow->openPage(page);
+}
+
+void AppDelegate::runAbout() {
+  if (_isAboutRunning) return;
+  _isAboutRunning = true;
+  AboutSession(_aboutPanel).run();
+  _isAboutRunning = false;
+}
+
+void AppDelegate::comeToFront(const QString& token) {
+  if (!token.isEmpty()) qputenv(kToken, token.toUtf8());
+  QWidget* front = QApplication::activeModalWidget();
+  if (front == nullptr) front = _window.get();
+  _window->setWindowState(_window->windowState() & ~Qt::WindowMinimized);
+  _window->show();
+  _window->raise();
+  front->raise();
+  front->activateWindow();
+}
+
+}  // namespace sanovia

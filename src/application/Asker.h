@@ -1,0 +1,51 @@
+// Every question to the person, in one replaceable place, so that a test never meets a dialog. A question
+// returns at once; its answer comes later, and does not come at all when the person cancels.
+#pragma once
+
+#include <QString>
+
+#include <functional>
+#include <memory>
+
+class QWidget;
+
+namespace sanovia {
+
+// Where a file is to be written.
+struct FileQuestion {
+  QString title;
+  QString proposedName;  // without an ending
+  QString ending;        // the one type allowed, such as "pdf"; added when the person leaves it out
+};
+
+// What is to be printed, and where.
+struct PrinterChoice {
+  enum class Sides : quint8 { AsThePrinterIsSet, One, LongEdge, ShortEdge };
+
+  QString printer;     // its name; empty for a file
+  QString outputFile;  // "print to file"; empty for a printer
+  int copies = 1;
+  bool collates = true;
+  int firstPage = 0;  // 0 for all pages
+  int lastPage = 0;
+  Sides sides = Sides::AsThePrinterIsSet;
+  bool inColour = true;
+};
+
+class Asker {
+ public:
+  virtual ~Asker() = default;
+
+  // Asks for a file as a sheet on the window. Replacing a file has been agreed to when the path comes.
+  virtual void askFileName(QWidget* window, const FileQuestion& question,
+                           std::function<void(const QString& path)> answer) = 0;
+  // Asks for printer, copies and pages.
+  virtual void askPrinter(QWidget* window, std::function<void(const PrinterChoice& choice)> answer) = 0;
+
+  // The asker in force: dialogs, unless another one stands in for them.
+  static Asker& shared();
+  // Null brings the dialogs back.
+  static void setShared(std::unique_ptr<Asker> asker);
+};
+
+}  // namespace sanovia

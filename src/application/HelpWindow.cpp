@@ -1,0 +1,85 @@
+#include "application/HelpWindow.h"
+
+#include <QBoxLayout>
+#include <QFile>
+#include <QIcon>
+#include <QKeyEvent>
+#include <QPushButton>
+#include <QTextBrowser>
+
+#include "controls/HouseStyle.h"
+#include "drawing/Fonts.h"
+#include "drawing/Palette.h"
+#include "foundation/Paths.h"
+#include "localisation/Language.h"
+
+namespace sanovia {
+namespace {
+
+constexpr QSize kSize(760, 720);
+constexpr int kMargin = 20;
+constexpr int kTextPixels = 14;
+constexpr int kPageMargin = 24;
+
+QString word(const char* key) { return Language::stringForKey(QString::fromLatin1(key)); }
+
+QUrl urlOf(const QString& path) {
+  return path.startsWith(QLatin1Char(':')) ? QUrl(QStringLiteral("qrc") + path) : QUrl::fromLocalFile(path);
+}
+
+}  // namespace
+
+HelpWindow::HelpWindow()
+    : _browser(new QTextBrowser(this)), _back(new QPushButton(this)), _contents(new QPushButton(this)) {
+  dressInHouseStyle(this, kTextPixels);
+  setWindowIcon(QIcon(QStringLiteral(":/images/Sanovia.svg")));
+  resize(kSize);
+  _browser->setFrameShape(QFrame::NoFrame);
+  _browser->document()->setDocumentMargin(kPageMargin);
+  _browser->document()->setDefaultStyleSheet(QStringLiteral("h1, h2, h3 { color: %1; } a { color: %2; }")
+                                                 .arg(palette::teal.name(), palette::red.name()));
+  auto* buttons = new QHBoxLayout;
+  buttons->setContentsMargins(kMargin, kMargin / 2, kMargin, kMargin / 2);
+  buttons->addWidget(_back);
+  buttons->addWidget(_contents);
+  buttons->addStretch();
+  auto* rows = new QVBoxLayout(this);
+  rows->setContentsMargins(0, 0, 0, 0);
+  rows->setSpacing(0);
+  rows->addLayout(buttons);
+  rows->addWidget(_browser);
+  connect(_back, &QPushButton::clicked, _browser, &QTextBrowser::backward);
+  connect(_contents, &QPushButton::clicked, _browser, &QTextBrowser::home);
+  connect(_browser, &QTextBrowser::backwardAvailable, _back, &QPushButton::setEnabled);
+}
+
+QString HelpWindow::mainPage() {
+  for (const QString& language : {Language::language(), Language::english()}) {
+    const QString page = QStringLiteral("%1/help/%2/main.html").arg(Paths::resourceFolder(), language);
+    if (QFile::exists(page)) return page;
+  }
+  return {};
+}
+
+void HelpWindow::openPage(const QString& path) {
+  setWindowTitle(word("Sanovia Help"));
+  _back->setText(word("Back"));
+  _contents->setText(word("Contents"));
+  _back->setEnabled(false);
+  _browser->setSource(urlOf(path));
+  _browser->clearHistory();
+  setWindowState(windowState() & ~Qt::WindowMinimized);
+  show();
+  raise();
+  activateWindow();
+  _browser->setFocus(Qt::OtherFocusReason);
+}
+
+void HelpWindow::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Escape)
+    close();
+  else
+    QWidget::keyPressEvent(event);
+}
+
+}  // namespace sanovia

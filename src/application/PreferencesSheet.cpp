@@ -1,0 +1,146 @@
+#include "application/PreferencesSheet.h"
+
+#include <QCalendarWidget>
+#include <QTextCharFormat>
+
+#include "controls/HouseStyle.h"
+#include "controls/Relabelling.h"
+#include "dates/Utils.h"
+#include "drawing/Fonts.h"
+#include "drawing/Palette.h"
+#include "foundation/Clock.h"
+#include "foundation/NotificationCenter.h"
+#include "foundation/TextFormat.h"
+#include "preferences/Preferences.h"
+#include "ui_Preferences.h"
+
+namespace sanovia {
+namespace {
+
+constexpr int kTextPixels = 14;
+constexpr int kHeadingPixels = 20;
+constexpr int kReasonPixels = 12;
+constexpr int kOK = 1;  // the tag of the button that stores
+const QDate kOldestBirthday(1900, 1, 1);
+
+void setColour(QWidget* label, const QColor& colour) {
+  label->setStyleSheet(QStringLiteral("color: %1;").arg(colour.name()));
+}
+
+}  // namespace
+
+PreferencesSheet::PreferencesSheet(QWidget* window)
+    : QDialog(window, Qt::Sheet), _ui(std::make_unique<Ui::Preferences>()) {
+  _ui->setupUi(this);
+  setWindowModality(Qt::WindowModal);
+  dressInHouseStyle(this, kTextPixels);
+  _ui->heading->setFont(fonts::system(kHeadingPixels));
+  _ui->whyRefused->setFont(fonts::system(kReasonPixels));
+  setColour(_ui->whyRefused, palette::red);
+  for (QLabel* label : {_ui->lbName, _ui->lbBirthday, _ui->lbMeasure, _ui->lbHeight})
+    setColour(label, palette::red);
+  setUpBirthday();
+  keepLanguageKeys(this);
+  updateFormatters();
+  connect(_ui->pbMeasure, &QComboBox::activated, this, &PreferencesSheet::changeMetrics);
+  connect(_ui->tfHeight, &HeightField::changed, this, &PreferencesSheet::showWhyRefused);
+  for (QPushButton* button : {_ui->btnOK, _ui->btnCancel})
+    connect(button, &QPushButton::clicked, this, [this, button] { buttonPressed(button); });
+}
+
+PreferencesSheet::~PreferencesSheet() = default;
+
+// The page of the picker turns by years as well as by months, and shows nothing that a birthday has no use
+// for.
+void PreferencesSheet::setUpBirthday() {
+  auto* page = new QCalendarWidget(this);
+  page->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
+  page->setHorizontalHeaderFormat(QCalendarWidget::ShortDayNames);
+  page->setFirstDayOfWeek(QLocale().firstDayOfWeek());
+  page->setLocale(QLocale());
+  page->setFont(fonts::system(kTextPixels));
+  QTextCharFormat day;
+  day.setForeground(palette::black);
+  for (const Qt::DayOfWeek weekend : {Qt::Saturday, Qt::Sunday}) page->setWeekdayTextFormat(weekend, day);
+  QTextCharFormat head;
+  head.setForeground(palette::red);
+  page->setHeaderTextFormat(head);
+  _ui->pbBirthday->setCalendarWidget(page);
+  _ui->pbBirthday->setLocale(QLocale());
+}
+
+void PreferencesSheet::checkUserDefaultData() {
+  _ui->btnOK->setDefault(true);
+  _ui->tfName->setText(Preferences::name());
+  // What is no measure is treated as US throughout.
+  const QString measure = Preferences::isMetric() ? Preferences::metric() : Preferences::us();
+  _ui->pbMeasure->setCurrentIndex(_ui->pbMeasure->findData(measure, languageKeyRole));
+  updateFormatters();
+  const float height = Utils::convertToInches(Preferences::height(), !Preferences::isMetric());
+  _ui->tfHeight->setStringValue(QString::number(static_cast<double>(height), 'f', 2));
+  const QDateTime birthday = Preferences::birthday();
+  const QDate today = Clock::now().date();
+  QDateEdit* picker = _ui->pbBirthday;
+  // Nobody's birthday lies outside, but one that is stored is shown as it is.
+  picker->setDateRange(birthday.isValid() ? qMin(kOldestBirthday, birthday.date()) : kOldestBirthday,
+                       birthday.isValid() ? qMax(today, birthday.date()) : today);
+  if (birthday.isValid())
+    picker->setDateTime(birthday);
+  else
+    Preferences::storeBirthday(picker->dateTime());
+}
+
+void PreferencesSheet::showEvent(QShowEvent* event) {
+  QDialog::showEvent(event);
+  _ui->tfName->setFocus(Qt::OtherFocusReason);
+  _ui->tfName->selectAll();
+}
+
+QString PreferencesSheet::measure() const { return _ui->pbMeasure->currentData(languageKeyRole).toString(); }
+
+bool PreferencesSheet::isMetric() const { return measure() == Preferences::metric(); }
+
+void PreferencesSheet::changeMetrics() {
+  HeightField* field = _ui->tfHeight;
+  const bool wasMetric = field->format().maximum == HeightFormat::forMeasure(true).maximum;
+  if (wasMetric == isMetric()) return;
+  const float height = isMetric() ? Utils::convertFromInches(field->floatValue(), true)
+                                  : Utils::convertToInches(field->floatValue(), true);
+  const bool hadNumber = field->hasNumber();
+  updateFormatters();
+  if (hadNumber) field->setFloatValue(height);
+}
+
+void PreferencesSheet::updateFormatters() {
+  _ui->tfHeight->setFormat(HeightFormat::forMeasure(isMetric()));
+  _ui->pbBirthday->setDisplayFormat(isMetric() ? QStringLiteral("dd/MM/yyyy") : QStringLiteral("MM/dd/yyyy"));
+}
+
+void PreferencesSheet::showWhyRefused() {
+  const HeightField* field = _ui->tfHeight;
+  QString reason;
+  if (!field->isTaken())
+    reason = filled(filled(Language::stringForKey(QStringLiteral("height_limits")),
+                           field->format().text(field->format().minimum)),
+                    field->format().text(field->format().maximum));
+  _ui->whyRefused->setText(reason);
+  _ui->tfHeight->setAccessibleDescription(reason);
+}
+
+void PreferencesSheet::buttonPressed(const QObject* sender) {
+  const int tag = sender->property("tag").toInt();
+  if (tag == kOK) {
+    if (!_ui->tfHeight->isTaken()) {
+      _ui->tfHeight->setFocus(Qt::OtherFocusReason);
+      _ui->tfHeight->selectAll();
+      return;
+    }
+    const float height = Utils::convertFromInches(_ui->tfHeight->floatValue(), !isMetric());
+    const bool isSameMeasure = Preferences::measure() == measure();
+    Preferences::store(_ui->tfName->text(), height, measure(), _ui->pbBirthday->dateTime());
+    if (!isSameMeasure) NotificationCenter::defaultCenter().post(changeMeasurementsNotification);
+  }
+  done(tag);
+}
+
+}  // namespace sanovia
