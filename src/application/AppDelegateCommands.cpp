@@ -67,8 +67,8 @@ void AppDelegate::connectMenus() {
   const Ui::MainWindow& ui = _window->outlets();
   for (QAction* item : menuItems())
     connect(item, &QAction::triggered, this, [this, item] { carryOut(item); });
-  for (const QMenu* menu : ui.menuBar->findChildren<QMenu*>())
-    connect(menu, &QMenu::aboutToShow, this, &AppDelegate::validateMenus);
+  for (const QAction* title : ui.menuBar->actions())
+    connect(title->menu(), &QMenu::aboutToShow, this, &AppDelegate::validateMenus);
   for (QAbstractButton* button : {ui.bnGeneral, ui.bnPressure, ui.bnBlood, ui.bnData, ui.bnCharts})
     connect(button, &QAbstractButton::clicked, this, &AppDelegate::validateMenus);
   connect(ui.reportOutlet, &QAbstractButton::clicked, this, &AppDelegate::openReport);
@@ -80,8 +80,8 @@ void AppDelegate::connectMenus() {
 
 QList<QAction*> AppDelegate::menuItems() const {
   QList<QAction*> items;
-  for (const QMenu* menu : _window->outlets().menuBar->findChildren<QMenu*>())
-    for (QAction* item : menu->actions())
+  for (const QAction* title : _window->outlets().menuBar->actions())
+    for (QAction* item : title->menu()->actions())
       if (!item->isSeparator()) items.append(item);
   return items;
 }

@@ -21,6 +21,7 @@ constexpr int kTextPixels = 14;
 constexpr int kHeadingPixels = 20;
 constexpr int kReasonPixels = 12;
 constexpr int kOK = 1;  // the tag of the button that stores
+constexpr QSize kPickerSize(340, 290);
 const QDate kOldestBirthday(1900, 1, 1);
 
 void setColour(QWidget* label, const QColor& colour) {
@@ -62,9 +63,7 @@ void PreferencesSheet::setUpBirthday() {
   QTextCharFormat day;
   day.setForeground(palette::black);
   for (const Qt::DayOfWeek weekend : {Qt::Saturday, Qt::Sunday}) page->setWeekdayTextFormat(weekend, day);
-  QTextCharFormat head;
-  head.setForeground(palette::red);
-  page->setHeaderTextFormat(head);
+  page->setMinimumSize(kPickerSize);
   _ui->pbBirthday->setCalendarWidget(page);
   _ui->pbBirthday->setLocale(QLocale());
 }
@@ -80,7 +79,7 @@ void PreferencesSheet::checkUserDefaultData() {
   _ui->tfHeight->setStringValue(QString::number(static_cast<double>(height), 'f', 2));
   const QDateTime birthday = Preferences::birthday();
   const QDate today = Clock::now().date();
-  QDateEdit* picker = _ui->pbBirthday;
+  QDateTimeEdit* picker = _ui->pbBirthday;
   // Nobody's birthday lies outside, but one that is stored is shown as it is.
   picker->setDateRange(birthday.isValid() ? qMin(kOldestBirthday, birthday.date()) : kOldestBirthday,
                        birthday.isValid() ? qMax(today, birthday.date()) : today);
@@ -117,12 +116,15 @@ void PreferencesSheet::updateFormatters() {
 }
 
 void PreferencesSheet::showWhyRefused() {
-  const HeightField* field = _ui->tfHeight;
+  const HeightFormat& format = _ui->tfHeight->format();
+  // A number and its unit stay in one line.
+  const auto limit = [&format](float height) {
+    return format.text(height).replace(QLatin1Char(' '), QChar(QChar::Nbsp));
+  };
   QString reason;
-  if (!field->isTaken())
-    reason = filled(filled(Language::stringForKey(QStringLiteral("height_limits")),
-                           field->format().text(field->format().minimum)),
-                    field->format().text(field->format().maximum));
+  if (!_ui->tfHeight->isTaken())
+    reason = filled(filled(Language::stringForKey(QStringLiteral("height_limits")), limit(format.minimum)),
+                    limit(format.maximum));
   _ui->whyRefused->setText(reason);
   _ui->tfHeight->setAccessibleDescription(reason);
 }

@@ -21,6 +21,7 @@ constexpr double kIconTop = 28;
 constexpr double kFrameOpacity = 0.25;
 constexpr int kNamePixels = 28;
 constexpr int kTextPixels = 14;
+constexpr int kLinkPixels = 13;
 constexpr int kSmallPixels = 12;
 
 QPainterPath card(const QSizeF& size) {
@@ -41,7 +42,7 @@ AboutPanel::AboutPanel(QWidget* window)
                     .arg(palette::white.name()));
   setFont(fonts::system(kTextPixels));
   _ui->name->setFont(fonts::system(kNamePixels));
-  _ui->bnFolder->setFont(fonts::system(kTextPixels));
+  _ui->bnFolder->setFont(fonts::system(kLinkPixels));
   _ui->rights->setFont(fonts::system(kSmallPixels));
   connect(_ui->bnFolder, &QPushButton::clicked, this, &AboutPanel::folderWanted);
   keepLanguageKeys(this);

@@ -9,7 +9,7 @@ class QPainter;
 namespace sanovia {
 
 struct BaseColoredButtonCell {
-  NamedImage alternateImage;
+  NamedImage alternateImage = {};
   bool isHighlighted = false;
   bool state = false;
   bool allowsMixedState = false;

@@ -1,6 +1,6 @@
 #!/usr/bin/python3
-"""Drives the running diary as a screen reader would, over AT-SPI: reads and operates the strip, the table, the
-calendar and the charts. Ends with 0 when everything was found, read and done; says what was not."""
+"""Drives the running diary as a screen reader would, over AT-SPI: reads and operates the strip, the menus, the table,
+the calendar and the charts. Ends with 0 when everything was found, read and done; says what was not."""
 import sys
 import time
 
@@ -52,13 +52,34 @@ def check(what, truth):
 app = awaited("the application", application)
 
 # The strip: names, states and actions.
+def strip(name):
+    return element(app, name, lambda found: found.getRole() != pyatspi.ROLE_MENU_ITEM)
+
+
 for word in ("General", "Pressure", "Blood", "Table", "Charts", "Report"):
-    element(app, word)
-check("General is on", lambda: has(element(app, "General"), pyatspi.STATE_CHECKED))
-press(element(app, "Blood"))
-check("Blood is on", lambda: has(element(app, "Blood"), pyatspi.STATE_CHECKED))
-press(element(app, "General"))
-check("General is on again", lambda: has(element(app, "General"), pyatspi.STATE_CHECKED))
+    strip(word)
+check("General is on", lambda: has(strip("General"), pyatspi.STATE_CHECKED))
+press(strip("Blood"))
+check("Blood is on", lambda: has(strip("Blood"), pyatspi.STATE_CHECKED))
+press(strip("General"))
+check("General is on again", lambda: has(strip("General"), pyatspi.STATE_CHECKED))
+
+# The menus: an item is found without opening its menu, is disabled by its rule and does what it says.
+def item(name):
+    return element(app, name, lambda found: found.getRole() == pyatspi.ROLE_MENU_ITEM)
+
+
+check("there is nothing to save", lambda: not has(item("Save Report…"), pyatspi.STATE_ENABLED))
+press(item("Pressure"))
+check("the menu shows Pressure", lambda: has(strip("Pressure"), pyatspi.STATE_CHECKED))
+check("the item of the kind that shows is disabled", lambda: not has(item("Pressure"), pyatspi.STATE_ENABLED))
+press(item("General"))
+press(item("Preferences…"))
+press(element(app, "Cancel"))
+press(item("About Sanovia"))
+check("the about panel says its version", lambda: element(app, "Version", lambda found: has(found, pyatspi.STATE_SHOWING)))
+check("the about panel goes away by itself", lambda: pyatspi.findDescendant(
+    app, lambda found: found.name == "Version" and has(found, pyatspi.STATE_SHOWING)) is None)
 
 # The table: its size, its titles, its cells, its selection.
 table = awaited("the table", lambda: pyatspi.findDescendant(app, lambda found: found.getRole() == pyatspi.ROLE_TABLE))

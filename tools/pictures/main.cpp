@@ -1,21 +1,28 @@
 // Drives the real main window through its launch sequence and saves a picture of every screen that there is,
 // in each of the five languages: English with US measures, the others metric.
 #include <QApplication>
+#include <QCalendarWidget>
 #include <QDir>
 #include <QEventLoop>
 #include <QLocale>
+#include <QPainter>
 #include <QTextStream>
 #include <QTimer>
 
 #include "application/AppDelegate.h"
+#include "application/HelpWindow.h"
 #include "application/MainWindow.h"
+#include "application/PreferencesSheet.h"
+#include "application/ToolkitWords.h"
 #include "charts/ChartsView.h"
+#include "controls/AboutPanel.h"
 #include "controls/Popover.h"
 #include "entry/EditAnimationView.h"
 #include "entry/MyTableView.h"
 #include "foundation/SettingsStore.h"
 #include "localisation/Language.h"
 #include "ui_MainWindow.h"
+#include "ui_Preferences.h"
 
 namespace sanovia {
 namespace {
@@ -31,6 +38,7 @@ class Photographer {
   Photographer(const QDir& folder, const QString& language) : _folder(folder), _language(language) {
     QLocale::setDefault(QLocale(language));
     Language::restart();
+    loadToolkitWords();
     SettingsStore::standard().setString(QStringLiteral("userMeasure"), language == Language::english()
                                                                            ? QStringLiteral("US")
                                                                            : QStringLiteral("Metric"));
@@ -74,7 +82,9 @@ class Photographer {
       saved = take(QStringLiteral("calendar-") + button->objectName().mid(10).toLower()) && saved;
       _delegate->calendarPopover()->closePopover();
     }
-    return saved;
+    for (QMenu* menu : {ui.menuFile, ui.menuView, ui.menuHelp})
+      saved = takeMenu(menu, QStringLiteral("menu-") + menu->objectName().mid(4).toLower()) && saved;
+    return takePreferences() && takeAbout() && takeHelp() && saved;
   }
 
   // The window over a month with a selected day, the whole column of each kind with all its charts open, at
@@ -107,6 +117,47 @@ class Photographer {
     return saved;
   }
 
+  // The window with the menu hanging in its bar.
+  bool takeMenu(QMenu* menu, const QString& screen) {
+    const QMenuBar* bar = _delegate->window()->outlets().menuBar;
+    menu->popup(bar->mapToGlobal(bar->actionGeometry(menu->menuAction()).bottomLeft()));
+    settle();
+    QPixmap picture = _delegate->window()->grab();
+    QPainter(&picture).drawPixmap(_delegate->window()->mapFromGlobal(menu->pos()), menu->grab());
+    menu->close();
+    return save(picture, screen);
+  }
+
+  // The sheet as it opens, with a height that it refuses, and the page of its date picker.
+  bool takePreferences() {
+    PreferencesSheet* sheet = _delegate->preferencesSheet();
+    _delegate->preferences();
+    bool saved = take(QStringLiteral("preferences"), sheet);
+    sheet->outlets().tfHeight->setStringValue(QStringLiteral("999"));
+    saved = take(QStringLiteral("preferences-refused"), sheet) && saved;
+    QCalendarWidget* page = sheet->outlets().pbBirthday->calendarWidget();
+    page->setSelectedDate(sheet->outlets().pbBirthday->date());
+    page->resize(page->sizeHint());
+    saved = save(page->grab(), QStringLiteral("preferences-birthday")) && saved;
+    sheet->reject();
+    return saved;
+  }
+
+  bool takeAbout() {
+    _delegate->aboutPanel()->show();
+    const bool saved = take(QStringLiteral("about"), _delegate->aboutPanel());
+    _delegate->aboutPanel()->hide();
+    return saved;
+  }
+
+  bool takeHelp() {
+    _delegate->displayHelp();
+    if (_delegate->helpWindow() == nullptr) return true;  // no pages
+    const bool saved = take(QStringLiteral("help"), _delegate->helpWindow());
+    _delegate->helpWindow()->close();
+    return saved;
+  }
+
   // Waits until whatever fades or slides has arrived.
   static void settle() {
     QEventLoop settling;
@@ -114,9 +165,9 @@ class Photographer {
     settling.exec();
   }
 
-  bool take(const QString& screen) {
+  bool take(const QString& screen, QWidget* window = nullptr) {
     settle();
-    return save(_delegate->window()->grab(), screen);
+    return save((window == nullptr ? _delegate->window() : window)->grab(), screen);
   }
 
   bool save(const QPixmap& picture, const QString& screen) {
@@ -139,6 +190,7 @@ class Photographer {
 
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
+  QApplication::setApplicationVersion(QStringLiteral(SANOVIA_VERSION));
   if (argc != 2) {
     QTextStream(stderr) << "usage: sanovia-pictures FOLDER" << Qt::endl;
     return 2;
