@@ -9,7 +9,6 @@
 
 #include "controls/HouseStyle.h"
 #include "drawing/Fonts.h"
-#include "drawing/Palette.h"
 #include "foundation/Paths.h"
 #include "localisation/Language.h"
 
@@ -36,8 +35,6 @@ HelpWindow::HelpWindow()
   resize(kSize);
   _browser->setFrameShape(QFrame::NoFrame);
   _browser->document()->setDocumentMargin(kPageMargin);
-  _browser->document()->setDefaultStyleSheet(QStringLiteral("h1, h2, h3 { color: %1; } a { color: %2; }")
-                                                 .arg(palette::teal.name(), palette::red.name()));
   auto* buttons = new QHBoxLayout;
   buttons->setContentsMargins(kMargin, kMargin / 2, kMargin, kMargin / 2);
   buttons->addWidget(_back);

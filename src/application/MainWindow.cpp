@@ -2,10 +2,13 @@
 
 #include <QCloseEvent>
 #include <QIcon>
+#include <QScrollBar>
 
 #include "controls/HouseStyle.h"
 #include "controls/Relabelling.h"
+#include "controls/Scroller.h"
 #include "drawing/Fonts.h"
+#include "drawing/Palette.h"
 #include "ui_MainWindow.h"
 
 namespace sanovia {
@@ -21,6 +24,8 @@ MainWindow::MainWindow() : _ui(std::make_unique<Ui::MainWindow>()) {
   setWindowIcon(QIcon(QStringLiteral(":/images/Sanovia.svg")));
   for (QWidget* label : {_ui->dateFieldFrom, _ui->dateFieldTo, _ui->dateFieldInterval})
     label->setFont(fonts::system(kIntervalPixels));
+  dressScroller(_ui->chartsScrollView->verticalScrollBar(), palette::teal);
+  dressToolTips();
   dressInHouseStyle(_ui->menuBar, kMenuPixels);
   keepLanguageKeys(this);
 }

@@ -2,6 +2,7 @@
 
 #include <QMenu>
 #include <QMenuBar>
+#include <QToolTip>
 
 #include "drawing/Fonts.h"
 #include "drawing/Palette.h"
@@ -57,6 +58,8 @@ QCalendarWidget QTableView { border: none; outline: none; alternate-background-c
   selection-background-color: @red; selection-color: @white; }
 )");
 
+constexpr int kToolTipPixels = 13;
+
 struct Name {
   const char* name;
   QColor colour;
@@ -79,6 +82,14 @@ void dressInHouseStyle(QWidget* root, int pixels) {
   root->setFont(fonts::system(pixels));
   // Menus do not take the font of what they hang in.
   for (QMenu* menu : root->findChildren<QMenu*>()) menu->setFont(fonts::system(pixels));
+}
+
+void dressToolTips() {
+  QPalette colours = QToolTip::palette();
+  colours.setColor(QPalette::ToolTipBase, palette::white);
+  colours.setColor(QPalette::ToolTipText, palette::darkTeal);
+  QToolTip::setPalette(colours);
+  QToolTip::setFont(fonts::system(kToolTipPixels));
 }
 
 }  // namespace sanovia

@@ -11,4 +11,7 @@ namespace sanovia {
 // Gives it to the widget and everything in it, with the interface's font at that size in points.
 void dressInHouseStyle(QWidget* root, int pixels);
 
+// Tool tips are windows of their own and the same everywhere.
+void dressToolTips();
+
 }  // namespace sanovia

@@ -4,25 +4,13 @@
 #include <QScrollBar>
 
 #include "charts/ChartsView.h"
+#include "controls/Scroller.h"
 #include "drawing/Palette.h"
 #include "entry/DayCellDelegate.h"
 #include "entry/DayTableModel.h"
 #include "entry/IconHeader.h"
 
 namespace sanovia {
-namespace {
-
-constexpr int kScrollerWidth = 10;
-
-// A slim bar in the interface's colours, with no arrows.
-const char* const kScrollerStyle =
-    "QScrollBar { background: transparent; border: none; margin: 2px 2px 2px 0; }"
-    "QScrollBar::handle { background: rgba(255, 255, 255, 150); border-radius: 4px; min-height: 32px; }"
-    "QScrollBar::handle:hover { background: rgba(255, 255, 255, 220); }"
-    "QScrollBar::add-line, QScrollBar::sub-line { height: 0; }"
-    "QScrollBar::add-page, QScrollBar::sub-page { background: transparent; }";
-
-}  // namespace
 
 MyTableView::MyTableView(QWidget* parent)
     : QTableView(parent), _scroller(new QScrollBar(Qt::Vertical, this)) {
@@ -45,7 +33,7 @@ MyTableView::MyTableView(QWidget* parent)
   verticalHeader()->setMinimumSectionSize(1);
   verticalHeader()->setDefaultSectionSize(ChartsView::heightOfRow());
 
-  _scroller->setStyleSheet(QLatin1String(kScrollerStyle));
+  dressScroller(_scroller, palette::white);
   QScrollBar* own = verticalScrollBar();
   connect(own, &QScrollBar::rangeChanged, this, &MyTableView::placeScroller);
   connect(own, &QScrollBar::valueChanged, _scroller, &QScrollBar::setValue);

@@ -214,8 +214,6 @@ class Help : public Commands {
 TEST_F(Help, ShowsThePagesOfTheLanguageWithTheirLinks) {
   setLocale(u"zh_CN"_s);
   launchInFront();
-  press(Qt::Key_F1, Qt::NoModifier);
-  takeLog();
   Paths::setResourceFolder(file(u"res"_s));
   delegate->displayHelp();
   EXPECT_EQ(delegate->helpWindow(), nullptr) << "no page, no window";

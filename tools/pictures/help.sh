@@ -19,5 +19,6 @@ picture() {
 
 picture table-general table 800x490+0+0
 picture panel-pressure panel 800x690+0+0
+picture charts-general charts 800x680+0+120
 picture calendar-from calendar 460x370+340+0
 optipng -quiet -o4 -strip all resources/help/*/*.png

@@ -53,7 +53,8 @@ class Photographer {
 
   bool takeAll() {
     const bool saved = takeTablesAndPanels();
-    return takeCharts() && saved;
+    const bool savedCharts = takeCharts();
+    return takeMenus() && takePreferences() && takeAbout() && takeHelp() && saved && savedCharts;
   }
 
  private:
@@ -82,9 +83,7 @@ class Photographer {
       saved = take(QStringLiteral("calendar-") + button->objectName().mid(10).toLower()) && saved;
       _delegate->calendarPopover()->closePopover();
     }
-    for (QMenu* menu : {ui.menuFile, ui.menuView, ui.menuHelp})
-      saved = takeMenu(menu, QStringLiteral("menu-") + menu->objectName().mid(4).toLower()) && saved;
-    return takePreferences() && takeAbout() && takeHelp() && saved;
+    return saved;
   }
 
   // The window over a month with a selected day, the whole column of each kind with all its charts open, at
@@ -114,6 +113,14 @@ class Photographer {
       saved = take(QStringLiteral("year-") + kind) && saved;
     }
     ui.bnData->click();
+    return saved;
+  }
+
+  bool takeMenus() {
+    Ui::MainWindow& ui = _delegate->window()->outlets();
+    bool saved = true;
+    for (QMenu* menu : {ui.menuFile, ui.menuView, ui.menuHelp})
+      saved = takeMenu(menu, QStringLiteral("menu-") + menu->objectName().mid(4).toLower()) && saved;
     return saved;
   }
 
