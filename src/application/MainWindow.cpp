@@ -24,7 +24,7 @@ MainWindow::MainWindow() : _ui(std::make_unique<Ui::MainWindow>()) {
   setWindowIcon(QIcon(QStringLiteral(":/images/Sanovia.svg")));
   for (QWidget* label : {_ui->dateFieldFrom, _ui->dateFieldTo, _ui->dateFieldInterval})
     label->setFont(fonts::system(kIntervalPixels));
-  dressScroller(_ui->chartsScrollView->verticalScrollBar(), palette::teal);
+  dressScroller(_ui->chartsScrollView->verticalScrollBar(), palette::white);
   dressToolTips();
   dressInHouseStyle(_ui->menuBar, kMenuPixels);
   keepLanguageKeys(this);
