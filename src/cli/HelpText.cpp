@@ -48,8 +48,10 @@ QString columnLines() {
 }  // namespace
 
 QString helpText() {
-  const QString text = QStringLiteral(R"(Usage: sanovia-cli COMMAND FILE.csv
-Exchanges the health diary with CSV files.
+  const QString text = QStringLiteral(R"(Usage: sanovia-cli import FILE.csv
+       sanovia-cli export FILE.csv
+       sanovia-cli report [OPTION]... FILE.pdf
+Exchanges the health diary with CSV files and writes the report for the doctor.
 
 Commands:
   import FILE.csv  Take the days of the file into the diary, all or, if anything
@@ -57,6 +59,16 @@ Commands:
                    that the file does not give.
   export FILE.csv  Write the whole diary to the file, one line for each day. A
                    new file can be read by you alone.
+  report FILE.pdf  Write the report that the window's command saves. A file that
+                   is there is replaced only by a whole new one.
+
+Options of report:
+  --from DATE      The first day, yyyy-MM-dd; that of the window if not given.
+  --to DATE        The last day; that of the window if not given.
+  --mode MODE      day, week or month: what one column stands for. Weeks and
+                   months show means and run on until today.
+  --paper PAPER    a4 or letter: the pages on which tables run on; as is usual
+                   in your country if not given.
 
 Options:
   -h, --help       Show this help.
@@ -76,6 +88,7 @@ Exit status:
   0  done
   1  wrong data, or a file or the diary cannot be read or written
   2  wrong usage
+  3  nothing to report
 )");
   return text.arg(columnLines(), Paths::databaseFile());
 }

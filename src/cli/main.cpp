@@ -1,22 +1,22 @@
-// The command line tool: reads the arguments, runs one exchange and says how it went.
+// The command line tool: reads the arguments, runs one exchange or one report and says how it went.
 #include <QCommandLineParser>
-#include <QCoreApplication>
 #include <QElapsedTimer>
+#include <QGuiApplication>
 
 #include <algorithm>
-#include <cstdio>
+#include <memory>
 #include <unistd.h>
 
+#include "Console.h"
 #include "HelpText.h"
 #include "ProgressLine.h"
+#include "ReportCommand.h"
 #include "exchange/DiaryExport.h"
 #include "exchange/DiaryImport.h"
 
 namespace {
 
 using namespace sanovia;
-
-enum ExitStatus : int { Done = 0, Failed = 1, WrongUsage = 2 };
 
 struct Command {
   QString name;
@@ -30,26 +30,6 @@ const Command kCommands[] = {
     {QStringLiteral("import"), "Importing", QStringLiteral("Imported"), importDiary},
     {QStringLiteral("export"), "Exporting", QStringLiteral("Exported"), exportDiary},
 };
-
-void write(FILE* stream, const QByteArray& bytes) {
-  std::fwrite(bytes.constData(), 1, static_cast<size_t>(bytes.size()), stream);
-  std::fflush(stream);
-}
-
-void say(const QString& text) { write(stdout, text.toLocal8Bit() + '\n'); }
-
-// Whatever stands in the text, names of files included, it comes out as one line.
-int fail(ExitStatus status, QString text) {
-  std::replace_if(
-      text.begin(), text.end(), [](QChar sign) { return sign.category() == QChar::Other_Control; }, u'?');
-  write(stderr, text.toLocal8Bit() + '\n');
-  return status;
-}
-
-int refuse(const QString& reason) {
-  return fail(WrongUsage,
-              QStringLiteral("sanovia-cli: ") + reason + QStringLiteral(" (see sanovia-cli --help)"));
-}
 
 QString counted(qint64 count, const QString& noun) {
   return QString::number(count) + QLatin1Char(' ') + noun + (count == 1 ? QString() : QStringLiteral("s"));
@@ -83,15 +63,46 @@ int runCommand(const Command& command, const QString& file) {
   return Done;
 }
 
-int runArguments(const QStringList& words) {
+const QString kReport = QStringLiteral("report");
+
+// The options of the report.
+const QCommandLineOption kFrom(QStringLiteral("from"), {}, QStringLiteral("date"));
+const QCommandLineOption kTo(QStringLiteral("to"), {}, QStringLiteral("date"));
+const QCommandLineOption kMode(QStringLiteral("mode"), {}, QStringLiteral("mode"));
+const QCommandLineOption kPaper(QStringLiteral("paper"), {}, QStringLiteral("paper"));
+
+QString valueOf(const QCommandLineParser& parser, const QCommandLineOption& option) {
+  return parser.isSet(option) ? parser.value(option) : QString();
+}
+
+int runArguments(const QCommandLineParser& parser) {
+  const QStringList words = parser.positionalArguments();
   if (words.isEmpty()) return refuse(QStringLiteral("no command given"));
+  const QString& name = words.first();
   const auto* command = std::find_if(std::begin(kCommands), std::end(kCommands),
-                                     [&](const Command& known) { return known.name == words.first(); });
-  if (command == std::end(kCommands))
-    return refuse(QStringLiteral("unknown command \"%1\"").arg(words.first()));
-  if (words.size() < 2) return refuse(command->name + QStringLiteral(" needs the name of a file"));
-  if (words.size() > 2) return refuse(command->name + QStringLiteral(" takes one file only"));
-  return runCommand(*command, words[1]);
+                                     [&](const Command& known) { return known.name == name; });
+  const bool isReport = name == kReport;
+  if (!isReport && command == std::end(kCommands))
+    return refuse(QStringLiteral("unknown command \"%1\"").arg(name));
+  for (const QCommandLineOption& option : {kFrom, kTo, kMode, kPaper})
+    if (!isReport && parser.isSet(option))
+      return refuse(QStringLiteral("--%1 is an option of report").arg(option.names().first()));
+  if (words.size() < 2) return refuse(name + QStringLiteral(" needs the name of a file"));
+  if (words.size() > 2) return refuse(name + QStringLiteral(" takes one file only"));
+  if (!isReport) return runCommand(*command, words[1]);
+  return runReport(words[1], {.from = valueOf(parser, kFrom),
+                              .to = valueOf(parser, kTo),
+                              .mode = valueOf(parser, kMode),
+                              .paper = valueOf(parser, kPaper)});
+}
+
+// A report needs fonts, and so the half of the toolkit that paints, but neither a display nor a desktop.
+std::unique_ptr<QCoreApplication> makeApplication(const QStringList& arguments, char** argv) {
+  static int count = 1;  // options are read here and not by the toolkit
+  if (!arguments.contains(kReport)) return std::make_unique<QCoreApplication>(count, argv);
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  qunsetenv("QT_QPA_PLATFORMTHEME");
+  return std::make_unique<QGuiApplication>(count, argv);
 }
 
 }  // namespace
@@ -99,13 +110,15 @@ int runArguments(const QStringList& words) {
 int main(int argc, char** argv) {
   // Failures are told here, so that the log has nothing to add on a person's screen.
   qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
-  const QCoreApplication application(argc, argv);
+  QStringList arguments;
+  for (int i = 0; i < argc; ++i) arguments.append(QString::fromLocal8Bit(argv[i]));
+  const std::unique_ptr<QCoreApplication> application = makeApplication(arguments, argv);
 
   QCommandLineParser parser;
   const QCommandLineOption help(QStringList{QStringLiteral("h"), QStringLiteral("help")});
   const QCommandLineOption version(QStringList{QStringLiteral("v"), QStringLiteral("version")});
-  parser.addOptions({help, version});
-  if (!parser.parse(application.arguments())) {
+  parser.addOptions({help, version, kFrom, kTo, kMode, kPaper});
+  if (!parser.parse(arguments)) {
     QString reason = parser.errorText();
     if (reason.endsWith(QLatin1Char('.'))) reason.chop(1);
     return refuse(reason.left(1).toLower() + reason.mid(1));
@@ -118,5 +131,5 @@ int main(int argc, char** argv) {
     say(QStringLiteral("sanovia-cli " SANOVIA_VERSION));
     return Done;
   }
-  return runArguments(parser.positionalArguments());
+  return runArguments(parser);
 }

@@ -1,6 +1,5 @@
 #include "exchange/DiaryExport.h"
 
-#include <QFileInfo>
 #include <QStringList>
 
 #include <map>
@@ -77,11 +76,6 @@ class DayCollector {
   qint64 _done = 0;
   qint64 _total = 0;
 };
-
-bool isSameFile(const QString& one, const QString& other) {
-  const QString path = QFileInfo(one).canonicalFilePath();
-  return !path.isEmpty() && path == QFileInfo(other).canonicalFilePath();
-}
 
 }  // namespace
 

@@ -1,6 +1,7 @@
 #include "exchange/WholeFile.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QSaveFile>
 
 namespace sanovia {
@@ -27,6 +28,11 @@ std::optional<ExchangeError> writeWhole(const QString& name, const QByteArray& b
   if (isNew) file.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner);
   if (file.write(bytes) != bytes.size() || !file.commit()) return failureOf(file);
   return std::nullopt;
+}
+
+bool isSameFile(const QString& one, const QString& other) {
+  const QString path = QFileInfo(one).canonicalFilePath();
+  return !path.isEmpty() && path == QFileInfo(other).canonicalFilePath();
 }
 
 }  // namespace sanovia

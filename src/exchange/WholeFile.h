@@ -17,4 +17,7 @@ std::variant<QByteArray, ExchangeError> readWhole(const QString& file);
 // existing one keeps its permissions.
 std::optional<ExchangeError> writeWhole(const QString& file, const QByteArray& bytes);
 
+// Whether both names are of one file that exists.
+bool isSameFile(const QString& one, const QString& other);
+
 }  // namespace sanovia

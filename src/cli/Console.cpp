@@ -1,0 +1,26 @@
+#include "Console.h"
+
+#include <algorithm>
+
+namespace sanovia {
+
+void write(FILE* stream, const QByteArray& bytes) {
+  std::fwrite(bytes.constData(), 1, static_cast<size_t>(bytes.size()), stream);
+  std::fflush(stream);
+}
+
+void say(const QString& text) { write(stdout, text.toLocal8Bit() + '\n'); }
+
+int fail(ExitStatus status, QString text) {
+  std::replace_if(
+      text.begin(), text.end(), [](QChar sign) { return sign.category() == QChar::Other_Control; }, u'?');
+  write(stderr, text.toLocal8Bit() + '\n');
+  return status;
+}
+
+int refuse(const QString& reason) {
+  return fail(WrongUsage,
+              QStringLiteral("sanovia-cli: ") + reason + QStringLiteral(" (see sanovia-cli --help)"));
+}
+
+}  // namespace sanovia

@@ -1,0 +1,33 @@
+#include "report/PrintSettings.h"
+
+#include <QLocale>
+
+#include <algorithm>
+
+namespace sanovia {
+namespace {
+
+constexpr QLocale::Territory kLetterCountries[] = {
+    QLocale::Belize,     QLocale::Canada,     QLocale::Chile,        QLocale::Colombia,  QLocale::CostaRica,
+    QLocale::Guatemala,  QLocale::Mexico,     QLocale::Nicaragua,    QLocale::Panama,    QLocale::Philippines,
+    QLocale::PuertoRico, QLocale::ElSalvador, QLocale::UnitedStates, QLocale::Venezuela,
+};
+
+QPageSize& chosen() {
+  static QPageSize size;
+  return size;
+}
+
+QPageSize usual() {
+  const bool isLetter = std::find(std::begin(kLetterCountries), std::end(kLetterCountries),
+                                  QLocale().territory()) != std::end(kLetterCountries);
+  return QPageSize(isLetter ? QPageSize::Letter : QPageSize::A4);
+}
+
+}  // namespace
+
+QPageSize PrintSettings::paperSize() { return chosen().isValid() ? chosen() : usual(); }
+
+void PrintSettings::setPaperSize(const QPageSize& size) { chosen() = size; }
+
+}  // namespace sanovia

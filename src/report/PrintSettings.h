@@ -1,0 +1,19 @@
+// The paper that the report is printed on, shared by saving and printing.
+#pragma once
+
+#include <QPageSize>
+
+namespace sanovia {
+
+class PrintSettings {
+ public:
+  // What setPaperSize() said last, else the paper that is usual where the user's locale is: letter in the
+  // Americas and on the Philippines as far as they use it, A4 elsewhere.
+  static QPageSize paperSize();
+  // An invalid size brings the usual paper back.
+  static void setPaperSize(const QPageSize& size);
+
+  PrintSettings() = delete;
+};
+
+}  // namespace sanovia

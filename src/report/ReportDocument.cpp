@@ -1,0 +1,34 @@
+#include "report/ReportDocument.h"
+
+#include <QPageLayout>
+
+#include <utility>
+
+#include "report/PdfFinish.h"
+
+namespace sanovia {
+namespace {
+
+constexpr int kPointsPerInch = 72;
+
+}  // namespace
+
+ReportDocument::ReportDocument(DocumentInfo info) : _info(std::move(info)) {
+  _buffer.open(QIODevice::WriteOnly);
+  _writer.setResolution(kPointsPerInch);
+}
+
+void ReportDocument::beginPage(const QPageSize& size) {
+  _writer.setPageLayout(QPageLayout(size, QPageLayout::Portrait, QMarginsF()));
+  if (_painter.isActive())
+    _writer.newPage();
+  else
+    _painter.begin(&_writer);
+}
+
+QByteArray ReportDocument::bytes() {
+  _painter.end();
+  return finishedPdf(_bytes, _info);
+}
+
+}  // namespace sanovia
