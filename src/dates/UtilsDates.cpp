@@ -79,6 +79,25 @@ QString isoText(const QDate& day) {
   return text;
 }
 
+// The way back; invalid for a text that isoText() does not write.
+QDate dayOfIsoText(const QString& text) {
+  const QDate day = QDate::fromString(text, Qt::ISODate);
+  return day.isValid() && isoText(day) == text ? day : QDate();
+}
+
+// A day of the diary in one of the two formats of shown dates; null for anything else.
+QString shownDate(const QString& text, const QString& from, const QString& to) {
+  const bool dayFirst = to == QLatin1String("dd/MM/yyyy");
+  if (from != Utils::databaseFormat() || (!dayFirst && to != QLatin1String("MM/dd/yyyy"))) return {};
+  if (!dayOfIsoText(text).isValid()) return {};
+  const QStringView days = QStringView(text).mid(8, 2);
+  const QStringView months = QStringView(text).mid(5, 2);
+  QString shown;
+  shown.reserve(text.size());
+  shown.append(dayFirst ? days : months).append(u'/').append(dayFirst ? months : days).append(u'/');
+  return shown.append(QStringView(text).left(4));
+}
+
 }  // namespace
 
 QString Utils::dateFormatForMetric(bool /*metric*/) {
@@ -93,10 +112,14 @@ QString Utils::convertDate(const QDateTime& date, const QString& format) {
 }
 
 QDateTime Utils::convertString(const QString& text, const QString& format) {
+  if (format == databaseFormat())
+    if (const QDate day = dayOfIsoText(text); day.isValid()) return QDateTime(day, QTime(0, 0));
   return localeFor(format).toDateTime(text, toolkitFormat(format));
 }
 
 QString Utils::convertFormat(const QString& text, const QString& from, const QString& to) {
+  // The shown dates of a whole diary are spared the general formatter: both locales have the same digits.
+  if (const QString shown = shownDate(text, from, to); !shown.isNull()) return shown;
   const QLocale locale(Language::isEnglish() ? QStringLiteral("en_US") : QStringLiteral("he"));
   const QDateTime date = locale.toDateTime(text, toolkitFormat(from));
   return date.isValid() ? locale.toString(date, toolkitFormat(to)) : QString();

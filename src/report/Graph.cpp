@@ -1,5 +1,10 @@
 #include "report/Graph.h"
 
+#include <QtMath>
+
+#include <algorithm>
+#include <cmath>
+
 #include "drawing/Curve.h"
 #include "drawing/Palette.h"
 
@@ -7,12 +12,93 @@ namespace sanovia {
 namespace {
 
 constexpr double kTitleRoom = 20.0;
+// No printer has finer dots.
+constexpr double kNarrowestSpace = 0.05;
+// Right of a dot's middle its edge falls by no more than a printer's dot up to here.
+constexpr double kStraightEdge = 0.8;
+constexpr double kQuarterTurn = 90.0;
+constexpr double kUpwards = 90.0;
+constexpr double kDownwards = 270.0;
+constexpr double kFullCircle = 360.0;
+// How far the handles of a curve lie from its ends to make a quarter of a circle of radius 1.
+constexpr double kQuarterCircle = 0.5522847498;
 
 // The text as it stands: level, or turned about its pivot and moved.
 QRectF boundsOf(const BlockText& text, QSizeF size) {
   if (!text.isUpright) return {text.at, size};
   const QPointF middle = text.pivot - QPointF(0, text.towards);
   return {middle - QPointF(size.height(), size.width()) / 2, size.transposed()};
+}
+
+QRectF boundsOfDot(QPointF dot) {
+  return {dot.x() - kDotRadius, dot.y() - kDotRadius, 2 * kDotRadius, 2 * kDotRadius};
+}
+
+// What lies left of x of a dot whose middle does, too: its left half, and right of its middle an edge that is
+// the circle's, or straight where that is all the same.
+void addLeftOf(double x, QPointF dot, QPainterPath& path) {
+  const double aside = x - dot.x();
+  const double half = std::sqrt(kDotRadius * kDotRadius - aside * aside);
+  const QPointF right(x, dot.y());
+  if (aside < kStraightEdge) {
+    const QPointF left = dot - QPointF(kDotRadius, 0);
+    const QPointF up(0, -kDotRadius);
+    const QPointF tangent(kDotRadius * kQuarterCircle, 0);
+    path.moveTo(dot + up);
+    path.cubicTo(dot + up - tangent, left + up * kQuarterCircle, left);
+    path.cubicTo(left - up * kQuarterCircle, dot - up - tangent, dot - up);
+    path.lineTo(right + QPointF(0, half));
+  } else {
+    const double angle = qRadiansToDegrees(std::acos(aside / kDotRadius));
+    path.arcMoveTo(boundsOfDot(dot), angle);
+    path.arcTo(boundsOfDot(dot), angle, kFullCircle - 2 * angle);
+  }
+  path.lineTo(right - QPointF(0, half));
+  path.closeSubpath();
+}
+
+// The stretch of a dot between two blocks that stand close together.
+QRectF stretchOf(QPointF dot, double left, double right) {
+  const double aside = std::min((left + right) / 2 - dot.x(), kDotRadius);
+  const double half = std::sqrt(kDotRadius * kDotRadius - aside * aside);
+  return {left, dot.y() - half, right - left, 2 * half};
+}
+
+// What lies of a dot above the band or below it, where no block covers it.
+void addOutside(const QRectF& block, QPointF dot, QPainterPath& path) {
+  const auto addSegment = [&](double towardsBand, double middle) {
+    if (towardsBand >= kDotRadius) return;
+    const double half = kQuarterTurn - qRadiansToDegrees(std::asin(towardsBand / kDotRadius));
+    path.arcMoveTo(boundsOfDot(dot), middle - half);
+    path.arcTo(boundsOfDot(dot), middle - half, 2 * half);
+    path.closeSubpath();
+  };
+  addSegment(dot.y() - block.top(), kUpwards);
+  addSegment(block.bottom() - dot.y(), kDownwards);
+}
+
+// The stretches of a dot that show between later blocks, and right of the last one.
+void addStretches(const std::vector<DayMarks>& days, size_t day, QList<QRectF>& stretches) {
+  const QPointF dot = *days[day].dot;
+  const double end = dot.x() + kDotRadius;
+  for (size_t next = day + 1; next < days.size() && days[next].block.right() < end; ++next) {
+    const double left = days[next].block.right();
+    const double right = next + 1 < days.size() ? std::min(days[next + 1].block.left(), end) : end;
+    if (right - left >= kNarrowestSpace) stretches.append(stretchOf(dot, left, right));
+  }
+}
+
+// A dot that the next block reaches into. Parts that overlap run round the same way, so that they add up.
+void addCutDot(const std::vector<DayMarks>& days, size_t day, VisibleCurve& curve) {
+  addLeftOf(days[day + 1].block.left(), *days[day].dot, curve.cutDots);
+  addOutside(days[day].block, *days[day].dot, curve.cutDots);
+  addStretches(days, day, curve.stretches);
+}
+
+bool isCut(const std::vector<DayMarks>& days, size_t day) {
+  const QRectF bounds = boundsOfDot(*days[day].dot);
+  return day + 1 < days.size() && days[day + 1].block.left() < bounds.right() &&
+         days[day].block.top() < bounds.bottom() && bounds.top() < days[day].block.bottom();
 }
 
 }  // namespace
@@ -62,6 +148,30 @@ void addCurve(Graph& graph, const GraphContext& context, const Band& band, const
     day.line = days.size() == 1 ? Curve::strokeOfSingleDay(day.block.x(), width, day.dot->y())
                                 : curve.lineTo(*day.dot);
   }
+}
+
+VisibleCurve visibleCurve(const std::vector<DayMarks>& days) {
+  VisibleCurve curve;
+  curve.cutDots.setFillRule(Qt::WindingFill);
+  for (size_t i = 0; i < days.size(); ++i) {
+    if (days[i].line) curve.lines.append(*days[i].line);
+    if (!days[i].dot) continue;
+    if (isCut(days, i))
+      addCutDot(days, i, curve);
+    else
+      curve.dots.append(*days[i].dot);
+  }
+  return curve;
+}
+
+QPainterPath clipOfLabel(const std::vector<DayMarks>& days, size_t day) {
+  QPainterPath clip;
+  const QRectF& label = days[day].labelBounds;
+  if (day + 1 == days.size() || !label.intersects(days[day + 1].block)) return clip;
+  const QRectF& next = days[day + 1].block;
+  clip.addRect(QRectF(label.topLeft(), QPointF(next.left(), label.bottom())));
+  clip.addRect(QRectF(QPointF(next.left(), next.bottom()), label.bottomRight()));
+  return clip;
 }
 
 }  // namespace sanovia

@@ -4,6 +4,7 @@
 
 #include <QLineF>
 #include <QLinearGradient>
+#include <QPainterPath>
 #include <QRectF>
 
 #include <functional>
@@ -23,7 +24,7 @@ struct ScaleMark {
   TextMark text;
 };
 
-// What one day draws, in this order.
+// What one day draws, in this order. A later day's block may cover what an earlier one has drawn.
 struct DayMarks {
   QRectF block;
   // The part of the graph's ramp that shows; empty when the day has no value.
@@ -86,6 +87,22 @@ ScaleMark scaleMark(bool isRed, double arrowY, double textY, const QString& text
 
 // A line from the column of labels to the edge of the page.
 GraphLine graphLine(double y, QColor color, double width = kThinLine);
+
+// The curves of a graph's days as far as no block of a later day covers them.
+struct VisibleCurve {
+  // Middles of whole dots.
+  QList<QPointF> dots;
+  // What is left of the others: the part up to the next block, and the stretches that show between later
+  // blocks. Spaces that are too narrow to be printed show nothing.
+  QPainterPath cutDots;
+  QList<QRectF> stretches;
+  QList<QLineF> lines;
+};
+VisibleCurve visibleCurve(const std::vector<DayMarks>& days);
+
+// The part of the page on which a day's value shows: all of it, but for the next day's block where that lies
+// over the value; empty where the block is clear of it.
+QPainterPath clipOfLabel(const std::vector<DayMarks>& days, size_t day);
 
 // A day of a measure: whether it has a record at all, and the value.
 struct CurveDay {

@@ -1,10 +1,12 @@
 #include "report/PdfFinish.h"
 
-#include <QChar>
+#include <QGlyphRun>
+#include <QRawFont>
 #include <QRegularExpression>
+#include <QTextLayout>
 
 #include <algorithm>
-#include <optional>
+#include <utility>
 #include <vector>
 
 #include "report/ReportDocument.h"
@@ -13,8 +15,11 @@ namespace sanovia {
 namespace {
 
 constexpr qsizetype kXrefEntry = 20;  // bytes
+// Chinese radicals, in both blocks of them.
 constexpr char16_t kFirstRadical = 0x2E80;
 constexpr char16_t kLastRadical = 0x2FDF;
+// What the toolkit takes a space for.
+constexpr char16_t kTab = u'\t';
 constexpr int kHexDigits = 4;
 constexpr int kSecondsOfHour = 3600;
 constexpr int kSecondsOfMinute = 60;
@@ -43,9 +48,27 @@ QByteArray dateString(const QDateTime& date) {
   return "(D:" + (QLocale::c().toString(date, QStringLiteral("yyyyMMddHHmmss")) + zone).toLatin1() + ')';
 }
 
+QString allRadicals() {
+  QString radicals;
+  for (char16_t sign = kFirstRadical; sign <= kLastRadical; ++sign) radicals += QChar(sign);
+  return radicals;
+}
+
+// What is drawn for a sign, and in which face the font has it; glyph 0 when it has none.
+std::pair<QRawFont, quint32> glyphOf(QChar sign, const QFont& font) {
+  QTextLayout layout(QString(sign), font);
+  layout.beginLayout();
+  layout.createLine();
+  layout.endLayout();
+  const QList<QGlyphRun> runs = layout.glyphRuns();
+  if (runs.size() != 1 || runs.first().glyphIndexes().size() != 1) return {};
+  return {runs.first().rawFont(), runs.first().glyphIndexes().first()};
+}
+
 class Finisher {
  public:
-  Finisher(const QByteArray& bytes, const DocumentInfo& info) : _bytes(bytes), _info(info) {}
+  Finisher(const QByteArray& bytes, const DocumentInfo& info, const TypedSigns& signs)
+      : _bytes(bytes), _info(info), _typedSigns(signs) {}
 
   QByteArray finished() {
     if (!readObjects()) return _bytes;
@@ -146,7 +169,7 @@ class Finisher {
       if (text[i] == ']') isInList = false;
       if (!isInList || text[i] != '<' || text[i + kHexDigits + 1] != '>') continue;
       const auto sign = static_cast<char16_t>(text.sliced(i + 1, kHexDigits).toUShort(nullptr, 16));
-      const char16_t typed = typedSign(sign);
+      const char16_t typed = sign == kTab ? u' ' : _typedSigns.value(sign, sign);
       if (typed != sign)
         _edits.push_back({_places[static_cast<size_t>(number)] + i + 1, kHexDigits,
                           QByteArray::number(typed, 16).rightJustified(kHexDigits, '0')});
@@ -183,6 +206,7 @@ class Finisher {
 
   const QByteArray& _bytes;
   const DocumentInfo& _info;
+  const TypedSigns& _typedSigns;
   qsizetype _table = -1;
   qsizetype _firstEntry = -1;
   QByteArray _trailer;
@@ -193,15 +217,20 @@ class Finisher {
 
 }  // namespace
 
-QByteArray finishedPdf(const QByteArray& bytes, const DocumentInfo& info) {
-  return Finisher(bytes, info).finished();
+TypedSigns typedSigns(const QString& text, const QFont& font) {
+  TypedSigns signs;
+  for (const QChar sign : text) {
+    if (sign.unicode() <= kLastRadical || sign.isSurrogate()) continue;
+    const auto [face, glyph] = glyphOf(sign, font);
+    const QList<quint32> radicals = face.glyphIndexesForString(allRadicals());
+    const qsizetype place = glyph == 0 ? -1 : radicals.indexOf(glyph);
+    if (place >= 0) signs.insert(static_cast<char16_t>(kFirstRadical + place), sign.unicode());
+  }
+  return signs;
 }
 
-char16_t typedSign(char16_t sign) {
-  if (sign == u'\t') return u' ';
-  if (sign < kFirstRadical || sign > kLastRadical) return sign;
-  const QString typed = QString(QChar(sign)).normalized(QString::NormalizationForm_KC);
-  return typed.size() == 1 ? typed[0].unicode() : sign;
+QByteArray finishedPdf(const QByteArray& bytes, const DocumentInfo& info, const TypedSigns& signs) {
+  return Finisher(bytes, info, signs).finished();
 }
 
 }  // namespace sanovia

@@ -4,16 +4,22 @@
 #pragma once
 
 #include <QByteArray>
+#include <QHash>
+
+class QFont;
 
 namespace sanovia {
 
 struct DocumentInfo;
 
-// Bytes that are not built as the toolkit builds them come back as they are.
-QByteArray finishedPdf(const QByteArray& bytes, const DocumentInfo& info);
+// Signs that the toolkit names wrongly, since it goes by the first sign that looks the same in the font, and
+// what a person types for them.
+using TypedSigns = QHash<char16_t, char16_t>;
 
-// The sign as a person types it: one that the toolkit takes for another because both look the same in the
-// font. Chinese signs that are also radicals come as radicals, spaces as tabs.
-char16_t typedSign(char16_t sign);
+// Those of a text in a font: many a Chinese sign is a radical, too.
+TypedSigns typedSigns(const QString& text, const QFont& font);
+
+// Bytes that are not built as the toolkit builds them come back as they are.
+QByteArray finishedPdf(const QByteArray& bytes, const DocumentInfo& info, const TypedSigns& signs);
 
 }  // namespace sanovia

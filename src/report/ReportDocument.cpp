@@ -4,8 +4,6 @@
 
 #include <utility>
 
-#include "report/PdfFinish.h"
-
 namespace sanovia {
 namespace {
 
@@ -26,9 +24,9 @@ void ReportDocument::beginPage(const QPageSize& size) {
     _painter.begin(&_writer);
 }
 
-QByteArray ReportDocument::bytes() {
+QByteArray ReportDocument::bytes(const TypedSigns& signs) {
   _painter.end();
-  return finishedPdf(_bytes, _info);
+  return finishedPdf(_bytes, _info, signs);
 }
 
 }  // namespace sanovia

@@ -8,6 +8,8 @@
 #include <QPainter>
 #include <QPdfWriter>
 
+#include "report/PdfFinish.h"
+
 namespace sanovia {
 
 // What the document says of itself.
@@ -27,8 +29,9 @@ class ReportDocument {
   // Of the page that was begun last.
   QPainter& painter() { return _painter; }
 
-  // Closes the document, which can then not be painted on any more.
-  QByteArray bytes();
+  // Closes the document, which can then not be painted on any more. The signs are those that the toolkit does
+  // not name as they are typed.
+  QByteArray bytes(const TypedSigns& signs);
 
  private:
   DocumentInfo _info;

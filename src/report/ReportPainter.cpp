@@ -2,38 +2,17 @@
 
 #include <QPainter>
 
-#include <algorithm>
-#include <cmath>
-
 #include "drawing/Palette.h"
+#include "report/FineScale.h"
 
 namespace sanovia {
 namespace {
 
 constexpr double kArrowShare = 0.5;
 
-QPen penOf(QColor color, double width, Qt::PenCapStyle cap = Qt::FlatCap) {
-  return {color, width, Qt::SolidLine, cap};
-}
+QPen penOf(QColor color, double width) { return {color, width, Qt::SolidLine, Qt::FlatCap}; }
 
-// Whether it makes no difference that all labels are drawn after all blocks and curves: none touches what a
-// later day draws.
-bool mayLabelsComeLast(const Graph& graph) {
-  double labelTop = page::kHeight;
-  double labelHalf = 0;
-  double lowest = 0;
-  for (const DayMarks& day : graph.days) {
-    if (!day.label.text.isNull()) {
-      labelTop = std::min(labelTop, day.labelBounds.top());
-      labelHalf = std::max(labelHalf, day.labelBounds.width() / 2);
-    }
-    if (day.dot) lowest = std::max(lowest, day.dot->y() + kDotRadius);
-  }
-  if (labelTop < lowest) return false;
-  if (graph.days.size() < 2) return true;
-  const double toNextBlock = graph.days[1].block.left() - graph.days[0].block.center().x();
-  return labelTop >= graph.days[0].block.bottom() || labelHalf <= toNextBlock;
-}
+constexpr char16_t kLastLatin = 0x024F;
 
 }  // namespace
 
@@ -41,11 +20,8 @@ ReportPainter::ReportPainter(QPainter& painter, const PaperText& text)
     : _painter(painter),
       _text(text),
       _redArrow(NamedImage::named(QStringLiteral("red-arrow.png"))),
-      _greyArrow(NamedImage::named(QStringLiteral("grey-arrow.png"))) {}
-
-QSizeF ReportPainter::arrowSize() {
-  return NamedImage::named(QStringLiteral("red-arrow.png")).size() * kArrowShare;
-}
+      _greyArrow(NamedImage::named(QStringLiteral("grey-arrow.png"))),
+      _arrowSize(_redArrow.size() * kArrowShare) {}
 
 void ReportPainter::drawSectionPage(const ReportSection& section) {
   for (const TextMark& mark : section.head) drawText(mark);
@@ -55,11 +31,13 @@ void ReportPainter::drawSectionPage(const ReportSection& section) {
 }
 
 void ReportPainter::drawStrip(const DateStrip& strip) {
-  _painter.setFont(_text.font(strip.font));
+  useFont(strip.font);
   _painter.setPen(palette::darkGray);
   for (const StripBlock& block : strip.blocks) {
     _painter.fillRect(block.rect.normalized(), block.color);
-    if (!block.text.text.isNull()) drawBlockText(_painter, block.text);
+    if (block.text.text.isNull()) continue;
+    note(block.text.text);
+    drawBlockText(_painter, block.text);
   }
 }
 
@@ -68,65 +46,60 @@ void ReportPainter::drawGraph(const Graph& graph) {
   for (const ScaleMark& mark : graph.marks) drawMark(mark);
   for (const TextMark& label : graph.rowLabels) drawText(label);
   drawDays(graph);
+  drawLabels(graph);
+  drawCurve(graph);
   for (const GraphLine& line : graph.lines) {
     _painter.setPen(penOf(line.color, line.width));
     _painter.drawLine(line.line);
   }
 }
 
-// The writer of the document makes a new gradient of the brush whenever it has to change the brush or the
-// way it strokes. The brush of a graph therefore stays the ramp for all its days and everything else is drawn
-// with pens; and an opacity that is less than full by nothing that a document can hold has it fill the
-// outlines of all strokes, so that pens come and go without a change of its ways.
+// What is of one colour is drawn at once, since the writer of the document makes a new gradient for each fill
+// and says the colour at each. The days look as if they were drawn one after the other all the same: a curve
+// and a value show what no later block covers.
 void ReportPainter::drawDays(const Graph& graph) {
-  const bool labelsLast = mayLabelsComeLast(graph);
-  _painter.setOpacity(std::nextafter(1.0, 0.0));
-  _painter.setBrush(graph.ramp);
-  _painter.setFont(_text.font(graph.font));
+  QList<QRectF> blocks;
+  QList<QRectF> ramps;
+  QList<QRectF> redRows;
+  QList<QRectF> greenRows;
   for (const DayMarks& day : graph.days) {
-    fillUpright(day.block, palette::blockGrey);
-    if (!day.ramp.isEmpty()) {
-      _painter.setPen(Qt::NoPen);
-      _painter.drawRect(day.ramp);
-    }
-    if (!day.row.isEmpty()) fillUpright(day.row, day.rowColor);
-    if (!labelsLast && !day.label.text.isNull()) {
-      _painter.setPen(palette::black);
-      drawBlockText(_painter, day.label);
-    }
-    drawCurve(day);
+    if (day.ramp != day.block) blocks.append(day.block);
+    if (!day.ramp.isEmpty()) ramps.append(day.ramp);
+    if (!day.row.isEmpty()) (day.rowColor == palette::red ? redRows : greenRows).append(day.row);
   }
-  _painter.setBrush(Qt::NoBrush);
-  _painter.setOpacity(1.0);
-  if (labelsLast) drawLabels(graph);
+  const FineScale scale(_painter);
+  scale.fill(blocks, palette::blockGrey);
+  scale.fill(ramps, graph.ramp);
+  scale.fill(redRows, palette::red);
+  scale.fill(greenRows, palette::green);
 }
 
 void ReportPainter::drawLabels(const Graph& graph) {
+  useFont(graph.font);
   _painter.setPen(palette::black);
-  for (const DayMarks& day : graph.days)
-    if (!day.label.text.isNull()) drawBlockText(_painter, day.label);
+  for (size_t i = 0; i < graph.days.size(); ++i) {
+    const BlockText& label = graph.days[i].label;
+    if (label.text.isNull()) continue;
+    const QPainterPath clip = clipOfLabel(graph.days, i);
+    if (!clip.isEmpty()) _painter.setClipPath(clip);
+    drawBlockText(_painter, label);
+    if (!clip.isEmpty()) _painter.setClipping(false);
+  }
 }
 
-void ReportPainter::drawCurve(const DayMarks& day) {
-  if (!day.dot) return;
-  _painter.setPen(penOf(palette::darkGray, 2 * kDotRadius, Qt::RoundCap));
-  _painter.drawPoint(*day.dot);
-  if (!day.line) return;
-  _painter.setPen(penOf(palette::darkGray, kThinLine));
-  _painter.drawLine(*day.line);
+void ReportPainter::drawCurve(const Graph& graph) {
+  const VisibleCurve curve = visibleCurve(graph.days);
+  const FineScale scale(_painter);
+  scale.fill(curve.cutDots, palette::darkGray);
+  scale.fill(curve.stretches, palette::darkGray);
+  scale.drawDots(curve.dots, palette::darkGray);
+  scale.drawLines(curve.lines, palette::darkGray, kThinLine);
 }
 
 void ReportPainter::drawMark(const ScaleMark& mark) {
   const NamedImage& image = mark.isRed ? _redArrow : _greyArrow;
-  image.drawInRect(_painter, QRectF({page::leftMargin, mark.y}, arrowSize()));
+  image.drawInRect(_painter, QRectF({page::leftMargin, mark.y}, _arrowSize));
   drawText(mark.text);
-}
-
-// A rectangle as one upright stroke.
-void ReportPainter::fillUpright(const QRectF& rect, QColor color) {
-  _painter.setPen(penOf(color, rect.width()));
-  const double middle = rect.center().x();
-  _painter.drawLine(QLineF(middle, rect.top(), middle, rect.bottom()));
 }
 
 void ReportPainter::drawTable(const TablePage& table) {
@@ -138,12 +111,25 @@ void ReportPainter::drawTable(const TablePage& table) {
 
 void ReportPainter::drawText(const TextMark& mark) {
   if (mark.text.isNull()) return;
-  _painter.setFont(_text.font(mark.font));
+  note(mark.text);
+  useFont(mark.font);
   _painter.setPen(mark.color);
   _painter.drawText(mark.at + QPointF(0, _text.ascent(mark.font)), mark.text);
 }
 
+void ReportPainter::useFont(PaperFont font) {
+  if (_font == font) return;
+  _font = font;
+  _painter.setFont(_text.font(font));
+}
+
+void ReportPainter::note(const QString& text) {
+  for (const QChar sign : text)
+    if (sign.unicode() > kLastLatin && !_drawnSigns.contains(sign)) _drawnSigns += sign;
+}
+
 void ReportPainter::drawTrial(const TrialMark& trial) {
+  useFont(trial.text.font);
   _painter.save();
   _painter.translate(trial.pivot);
   _painter.rotate(trial.degrees);

@@ -1,5 +1,4 @@
-// Paints what the plans of the report say, and decides nothing but the order that costs least where no order
-// shows.
+// Paints what the plans of the report say, as if in their order.
 #pragma once
 
 #include "drawing/NamedImage.h"
@@ -14,26 +13,34 @@ class ReportPainter {
   ReportPainter(QPainter& painter, const PaperText& text);
 
   // Half the natural size of the red arrow.
-  static QSizeF arrowSize();
+  QSizeF arrowSize() const { return _arrowSize; }
 
   void drawSectionPage(const ReportSection& section);
   void drawTable(const TablePage& table);
   void drawText(const TextMark& mark);
   void drawTrial(const TrialMark& trial);
 
+  // The signs of other than Latin writing that were drawn, each once.
+  const QString& drawnSigns() const { return _drawnSigns; }
+
  private:
+  // The toolkit looks for a font anew whenever it is set.
+  void useFont(PaperFont font);
+  void note(const QString& text);
   void drawStrip(const DateStrip& strip);
   void drawGraph(const Graph& graph);
   void drawDays(const Graph& graph);
   void drawLabels(const Graph& graph);
-  void drawCurve(const DayMarks& day);
+  void drawCurve(const Graph& graph);
   void drawMark(const ScaleMark& mark);
-  void fillUpright(const QRectF& rect, QColor color);
 
   QPainter& _painter;
   const PaperText& _text;
   NamedImage _redArrow;
   NamedImage _greyArrow;
+  QSizeF _arrowSize;
+  std::optional<PaperFont> _font;
+  QString _drawnSigns;
 };
 
 }  // namespace sanovia

@@ -18,6 +18,8 @@ namespace {
 
 // From this number of days between its ends on a report has no values below its graphs.
 constexpr qint64 kDaysWithoutValues = 100;
+// Any: the faces have the same signs at every size.
+constexpr int kFontOfSigns = 9;
 
 // By the calendar, so that a day that the clocks shorten is a day.
 qint64 daysBetween(const QDateTime& from, const QDateTime& to) {
@@ -87,8 +89,6 @@ QByteArray SanoviaReport::createData(const QPageSize& firstPage) {
   const QList<qint64> kinds = sections();
   if (kinds.isEmpty()) return {};
   const PaperText text;
-  const GraphContext context{
-      .columns = _columns, .drawText = _drawText, .arrow = ReportPainter::arrowSize(), .text = text};
   const ReportSubject subject{.series = _series,
                               .interval = _interval,
                               .tableDates = tableDates(_series.days()),
@@ -98,6 +98,8 @@ QByteArray SanoviaReport::createData(const QPageSize& firstPage) {
                               .isTrial = Licensing::isTrial()};
   ReportDocument document(infoOf(kinds, _interval));
   ReportPainter painter(document.painter(), text);
+  const GraphContext context{
+      .columns = _columns, .drawText = _drawText, .arrow = painter.arrowSize(), .text = text};
   const auto endPage = [&] {
     painter.drawText(pageFooter(_pageNumber++, text));
     if (subject.isTrial) painter.drawTrial(trialMark(text));
@@ -113,7 +115,7 @@ QByteArray SanoviaReport::createData(const QPageSize& firstPage) {
       endPage();
     }
   }
-  return document.bytes();
+  return document.bytes(typedSigns(painter.drawnSigns(), text.font(PaperFont{kFontOfSigns})));
 }
 
 }  // namespace sanovia
