@@ -6,7 +6,7 @@ BUILD_PACKAGES=(build-essential cmake ninja-build ccache pkg-config git
   fonts-dejavu-core fonts-noto-cjk)
 
 # What the checks need beside that.
-CHECK_PACKAGES=(clang-format libgtest-dev sqlite3
+CHECK_PACKAGES=(clang-format libgtest-dev sqlite3 qpdf poppler-utils
   xvfb xauth dbus at-spi2-core python3 python3-pyatspi
   desktop-file-utils appstream groff-base dpkg-dev lintian)
 

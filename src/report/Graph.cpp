@@ -23,13 +23,6 @@ constexpr double kFullCircle = 360.0;
 // How far the handles of a curve lie from its ends to make a quarter of a circle of radius 1.
 constexpr double kQuarterCircle = 0.5522847498;
 
-// The text as it stands: level, or turned about its pivot and moved.
-QRectF boundsOf(const BlockText& text, QSizeF size) {
-  if (!text.isUpright) return {text.at, size};
-  const QPointF middle = text.pivot - QPointF(0, text.towards);
-  return {middle - QPointF(size.height(), size.width()) / 2, size.transposed()};
-}
-
 QRectF boundsOfDot(QPointF dot) {
   return {dot.x() - kDotRadius, dot.y() - kDotRadius, 2 * kDotRadius, 2 * kDotRadius};
 }
@@ -126,9 +119,8 @@ GraphLine graphLine(double y, QColor color, double width) {
 
 void addLabel(DayMarks& day, const GraphContext& context, const QString& text, PaperFont font) {
   if (!context.drawText) return;
-  const QSizeF size = context.text.size(text, font);
-  day.label = valueLabel(text, size, day.block.x(), day.block.bottom(), day.block.width());
-  day.labelBounds = boundsOf(day.label, size);
+  day.label =
+      valueLabel(text, context.text.size(text, font), day.block.x(), day.block.bottom(), day.block.width());
 }
 
 void addCurve(Graph& graph, const GraphContext& context, const Band& band, const std::vector<CurveDay>& days,
@@ -162,16 +154,6 @@ VisibleCurve visibleCurve(const std::vector<DayMarks>& days) {
       curve.dots.append(*days[i].dot);
   }
   return curve;
-}
-
-QPainterPath clipOfLabel(const std::vector<DayMarks>& days, size_t day) {
-  QPainterPath clip;
-  const QRectF& label = days[day].labelBounds;
-  if (day + 1 == days.size() || !label.intersects(days[day + 1].block)) return clip;
-  const QRectF& next = days[day + 1].block;
-  clip.addRect(QRectF(label.topLeft(), QPointF(next.left(), label.bottom())));
-  clip.addRect(QRectF(QPointF(next.left(), next.bottom()), label.bottomRight()));
-  return clip;
 }
 
 }  // namespace sanovia

@@ -34,7 +34,6 @@ struct DayMarks {
   QColor rowColor;
   // The value below the block; no text when none is written.
   BlockText label;
-  QRectF labelBounds;
   std::optional<QPointF> dot;
   std::optional<QLineF> line;  // from the dot before, or the stroke of a single day
 };
@@ -99,10 +98,6 @@ struct VisibleCurve {
   QList<QLineF> lines;
 };
 VisibleCurve visibleCurve(const std::vector<DayMarks>& days);
-
-// The part of the page on which a day's value shows: all of it, but for the next day's block where that lies
-// over the value; empty where the block is clear of it.
-QPainterPath clipOfLabel(const std::vector<DayMarks>& days, size_t day);
 
 // A day of a measure: whether it has a record at all, and the value.
 struct CurveDay {

@@ -87,7 +87,7 @@ class Finisher {
     static const QRegularExpression form(QStringLiteral("startxref\n(\\d+) ?\n%%EOF\n?$"));
     const QRegularExpressionMatch end = form.match(QString::fromLatin1(_bytes.right(40)));
     _table = end.hasMatch() ? end.captured(1).toLongLong() : -1;
-    if (_table < 0 || !_bytes.sliced(_table).startsWith("xref\n0 ")) return false;
+    if (_table < 0 || _table >= _bytes.size() || !_bytes.sliced(_table).startsWith("xref\n0 ")) return false;
     const qsizetype count = _bytes.mid(_table + 7, 12).split('\n').first().toLongLong();
     _firstEntry = _bytes.indexOf('\n', _table + 7) + 1;
     if (count < 2 || _firstEntry + count * kXrefEntry > _bytes.size()) return false;
@@ -97,7 +97,8 @@ class Finisher {
     _ends = _places;
     _ends.push_back(_table);
     std::sort(_ends.begin(), _ends.end());
-    return std::all_of(_places.begin(), _places.end(), [this](qsizetype at) { return at <= _table; });
+    return std::all_of(_places.begin(), _places.end(),
+                       [this](qsizetype at) { return 0 <= at && at < _table; });
   }
 
   bool isObject(qsizetype object) const { return object > 0 && object < std::ssize(_places); }

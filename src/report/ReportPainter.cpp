@@ -55,8 +55,8 @@ void ReportPainter::drawGraph(const Graph& graph) {
 }
 
 // What is of one colour is drawn at once, since the writer of the document makes a new gradient for each fill
-// and says the colour at each. The days look as if they were drawn one after the other all the same: a curve
-// and a value show what no later block covers.
+// and says the colour at each. The days look as if they were drawn one after the other all the same: of a
+// curve only that is drawn which no later block covers.
 void ReportPainter::drawDays(const Graph& graph) {
   QList<QRectF> blocks;
   QList<QRectF> ramps;
@@ -74,17 +74,12 @@ void ReportPainter::drawDays(const Graph& graph) {
   scale.fill(greenRows, palette::green);
 }
 
+// No later block reaches as far as the ink of a value.
 void ReportPainter::drawLabels(const Graph& graph) {
   useFont(graph.font);
   _painter.setPen(palette::black);
-  for (size_t i = 0; i < graph.days.size(); ++i) {
-    const BlockText& label = graph.days[i].label;
-    if (label.text.isNull()) continue;
-    const QPainterPath clip = clipOfLabel(graph.days, i);
-    if (!clip.isEmpty()) _painter.setClipPath(clip);
-    drawBlockText(_painter, label);
-    if (!clip.isEmpty()) _painter.setClipping(false);
-  }
+  for (const DayMarks& day : graph.days)
+    if (!day.label.text.isNull()) drawBlockText(_painter, day.label);
 }
 
 void ReportPainter::drawCurve(const Graph& graph) {

@@ -4,6 +4,7 @@
 #include <QRegularExpression>
 
 #include "cli/ProgressLine.h"
+#include "diary/DateInterval.h"
 #include "exchange/Columns.h"
 #include "foundation/Paths.h"
 #include "support/TestHome.h"
@@ -82,6 +83,46 @@ TEST_F(Cli, SaysInOneLineWhatFailed) {
   runInVain({u"export"_s, file(u"missing/a.csv"_s)}, 1);
   qputenv("XDG_DATA_HOME", csv.toUtf8());
   runInVain({u"export"_s, csv}, 1);
+}
+
+// The interval is the window's unless it is given; the document itself is tested where it is made.
+TEST_F(Cli, WritesTheReportOfAnInterval) {
+  const QString csv = file(u"a.csv"_s);
+  const QString pdf = file(u"a.pdf"_s);
+  writeBytes(csv, "date,pulse\n2026-01-02,60\n2026-01-20,70\n");
+  runWell({u"import"_s, csv});
+  DateInterval::storeStart(at("2026-01-01T12:00:00"));
+  DateInterval::storeEnd(at("2026-01-31T12:00:00"));
+  EXPECT_EQ(runWell({u"report"_s, pdf}),
+            u"Wrote the report from 2026-01-01 to 2026-01-31 to %1.\n"_s.arg(pdf));
+  const qsizetype month = bytesOf(pdf).size();
+  EXPECT_TRUE(bytesOf(pdf).startsWith("%PDF-"));
+  EXPECT_TRUE(runWell({u"report"_s, u"--to=2026-01-02"_s, u"--paper"_s, u"a4"_s, pdf})
+                  .contains(u"01-01 to 2026-01-02"_s));
+  EXPECT_LT(bytesOf(pdf).size(), month) << "the old file is replaced";
+  for (const QString& mode : {u"day"_s, u"week"_s, u"month"_s})
+    runWell({u"report"_s, u"--mode"_s, mode, u"--from"_s, u"2026-01-02"_s, u"--to"_s, u"2026-01-02"_s, pdf});
+
+  const QByteArray before = bytesOf(pdf);
+  EXPECT_EQ(runInVain({u"report"_s, u"--from=2026-02-01"_s, u"--to=2026-02-28"_s, pdf}, 3),
+            u"Nothing to report: the diary is empty from 2026-02-01 to 2026-02-28.\n"_s);
+  EXPECT_EQ(runInVain({u"report"_s, u"--from=2026-02-30"_s, pdf}, 1),
+            u"--from: \"2026-02-30\" is no date of the form yyyy-MM-dd\n"_s);
+  for (const char* wrong : {"--to=", "--to=tomorrow", "--from=2026-02-01"})
+    runInVain({u"report"_s, QString::fromLatin1(wrong), pdf}, 1);
+  runInVain({u"report"_s, file(u"missing/a.pdf"_s)}, 1);
+  runInVain({u"report"_s, Paths::databaseFile()}, 1);
+  for (const char* wrong : {"--mode=year", "--mode=", "--paper=a5", "--colour"})
+    runInVain({u"report"_s, QString::fromLatin1(wrong), pdf}, 2);
+  runInVain({u"report"_s}, 2);
+  runInVain({u"export"_s, u"--from=2026-01-01"_s, csv}, 2);
+  EXPECT_EQ(bytesOf(pdf), before);
+
+  writeBytes(Paths::databaseFile(), noise(3, 4096));
+  EXPECT_TRUE(runInVain({u"report"_s, pdf}, 1).startsWith(Paths::databaseFile()));
+  EXPECT_TRUE(QFile::remove(Paths::databaseFile()));
+  runInVain({u"report"_s, pdf}, 3);
+  EXPECT_FALSE(QFile::exists(Paths::databaseFile())) << "a report makes no diary";
 }
 
 TEST(ProgressLine, ComesLateStaysInItsLineAndGoesAway) {

@@ -1,0 +1,12 @@
+// The entry of the test programs that paint but show no window: gtest_main with Qt's Gui application around
+// it.
+#include <QGuiApplication>
+
+#include <gtest/gtest.h>
+
+int main(int argc, char** argv) {
+  ::testing::InitGoogleTest(&argc, argv);
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  const QGuiApplication application(argc, argv);
+  return RUN_ALL_TESTS();
+}

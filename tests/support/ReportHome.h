@@ -1,0 +1,66 @@
+// A home in which parts of a report are laid out, in English and metric measures unless a test says
+// otherwise.
+#pragma once
+
+#include "foundation/SettingsStore.h"
+#include "localisation/Language.h"
+#include "measures/Norms.h"
+#include "report/Graph.h"
+#include "support/TestHome.h"
+
+namespace sanovia::test {
+
+class ReportHome : public TestHome {
+ protected:
+  ReportHome() { setMeasure("Metric"); }
+
+  void setMeasure(const char* measure) { set("userMeasure", measure); }
+  void set(const char* key, const char* value) {
+    SettingsStore::standard().setString(QString::fromLatin1(key), QString::fromUtf8(value));
+  }
+  void setLanguage(const QString& locale) {
+    setLocale(locale);
+    Language::restart();
+  }
+
+  GraphContext context(size_t days, bool drawText = true) const {
+    return {DayColumns(static_cast<qsizetype>(days)), drawText, QSizeF(35, 8), _text};
+  }
+
+  // Consecutive days from one of them on.
+  static QStringList daysFrom(QDate first, qsizetype count) {
+    QStringList days;
+    for (qsizetype i = 0; i < count; ++i) days.append(first.addDays(i).toString(Qt::ISODate));
+    return days;
+  }
+
+  // Stored records of consecutive days with the values of one measure; -1 stands for a record without the
+  // value, and kNoRecord for a day without a record.
+  static constexpr double kNoRecord = -2;
+  template <class R, class Value>
+  static std::vector<R> records(Value R::*member, std::initializer_list<double> values) {
+    std::vector<R> list;
+    for (const double value : values) {
+      R& record = list.emplace_back(QStringLiteral("2026-11-01"));
+      if (value == kNoRecord) continue;
+      record.pk = 1;
+      record.*member = static_cast<Value>(value);
+    }
+    return list;
+  }
+
+  PaperText _text;
+};
+
+// "text at y" of each mark, and whether its arrow is red: "r41.0@212.0/214.0".
+inline QStringList described(const std::vector<ScaleMark>& marks) {
+  QStringList list;
+  for (const ScaleMark& mark : marks)
+    list.append(QStringLiteral("%1%2@%3/%4")
+                    .arg(mark.isRed ? QStringLiteral("r") : QStringLiteral("g"), mark.text.text)
+                    .arg(mark.y, 0, 'f', 1)
+                    .arg(mark.text.at.y(), 0, 'f', 1));
+  return list;
+}
+
+}  // namespace sanovia::test
