@@ -146,6 +146,12 @@ TEST_F(Dates, ShownDatesFollowTheLanguage) {
   }
   const ScopedZone zone("America/Santiago");
   EXPECT_EQ(Utils::convertFormat(u"2026-09-06"_s, Utils::databaseFormat(), u"MM/dd/yyyy"_s), u"09/06/2026"_s);
+  EXPECT_EQ(Utils::convertFormat(u"2026-09-06"_s, Utils::databaseFormat(), Utils::dateFormat()),
+            u"06/09/2026"_s);
+  for (const char* wrong : {"", "2026-02-30", "2026-9-6", "2026-09-06 ", "2026/09/06", "2026-09-06T00:00:00"})
+    EXPECT_TRUE(
+        Utils::convertFormat(QLatin1StringView(wrong), Utils::databaseFormat(), Utils::dateFormat()).isNull())
+        << wrong;
 }
 
 TEST_F(Dates, AgeIsCountedInWholeYearsOfLife) {
