@@ -12,6 +12,7 @@
 #include "report/PdfFinish.h"
 #include "report/PrintSettings.h"
 #include "report/ReportDocument.h"
+#include "report/ReportSection.h"
 #include "report/SanoviaReport.h"
 #include "support/ReportHome.h"
 
@@ -107,6 +108,41 @@ TEST_F(ReportDocuments, EachKindWithRowsHasItsSection) {
   EXPECT_EQ(infoOf(saved(365), u"Pages"_s), u"24"_s);
 }
 
+TEST_F(ReportDocuments, SectionsStandUnderTheirHeads) {
+  struct Case {
+    qint64 recordType;
+    qsizetype days;
+    float height;
+    double title;
+    std::vector<double> graphs;
+    double table;
+  };
+  const Case cases[] = {
+      {RecordType::general, 60, 1.75F, 86, {174, 284, 364, 424, 514}, 614},
+      {RecordType::general, 61, 1.75F, 86, {134, 244, 324, 384, 474}, 574},
+      {RecordType::general, 60, -1, 86, {174, 284, 364, 424}, 524},
+      {RecordType::pressure, 60, 1.75F, 86, {174, 264, 354, 444}, 544},
+      {RecordType::blood, 60, 1.75F, 100, {188, 278, 368, 458, 548}, 648},
+      {RecordType::blood, 61, 1.75F, 100, {148, 238, 328, 418, 508}, 608},
+  };
+  for (const Case& entry : cases) {
+    const QDateTime end = Utils::dayEnd(at("2026-11-15T00:00:00"));
+    const DateSeries series(Utils::dayStart(end.addDays(1 - entry.days)), end, SeriesModeDay);
+    const ReportSubject subject{series, u"-"_s, tableDates(series.days()), u"Ann"_s, {}, entry.height, false};
+    const ReportSection section =
+        reportSection(entry.recordType, subject, context(static_cast<size_t>(entry.days)));
+    const QList<double> lines{30, 30, 44, 58, 58, entry.title};
+    ASSERT_EQ(std::ssize(section.head), lines.size());
+    for (size_t i = 0; i < section.head.size(); ++i)
+      EXPECT_EQ(section.head[i].at.y(), lines[static_cast<qsizetype>(i)]) << i;
+    ASSERT_EQ(section.graphs.size(), entry.graphs.size());
+    for (size_t i = 0; i < entry.graphs.size(); ++i)
+      EXPECT_EQ(section.graphs[i].title.at, QPointF(30, entry.graphs[i]));
+    EXPECT_EQ(section.table[0].rules[0].y1(), entry.table);
+  }
+  EXPECT_EQ(pageFooter(7, _text).at.y(), 750);
+}
+
 TEST_F(ReportDocuments, ContinuationsHaveTheSizeOfThePaper) {
   addGeneral("2026-11-15");
   const QString letter = u"612 x 792 pts"_s;
@@ -160,6 +196,7 @@ TEST_F(ReportDocuments, EveryWordAndValueIsFoundInEveryLanguage) {
     words.append(u"08/08/2026 - 15/11/2026"_s);
     for (const QString& word : words) EXPECT_TRUE(text.contains(word)) << qPrintable(word);
     EXPECT_EQ(text.contains(u"月"_s), locale == u"zh_CN"_s) << "the months of the strip";
+    EXPECT_FALSE(bytesOf(pdf).contains("<0009>")) << "a space is no tab";
     EXPECT_FALSE(text.contains(QRegularExpression(u"[\\t\\x{2E80}-\\x{2FDF}\\x{FB00}-\\x{FB06}]"_s)));
 
     EXPECT_EQ(infoOf(pdf, u"Title"_s), Language::stringForKey(u"Report"_s) + u" 08/08/2026 - 15/11/2026"_s);

@@ -77,7 +77,7 @@ TEST_F(ReportStrip, From61DaysOnItShowsMonths) {
   EXPECT_EQ(strip.blocks[1].text.at.y(), 116);
 
   EXPECT_EQ(dateStrip(daysFrom({2026, 6, 30}, 65), DayColumns(65), 104, _text).blocks.size(), 3U);
-  EXPECT_EQ(dateStrip(daysFrom({2026, 6, 30}, 67), DayColumns(67), 104, _text).blocks.size(), 4U);
+  EXPECT_EQ(dateStrip(daysFrom({2026, 6, 30}, 66), DayColumns(66), 104, _text).blocks.size(), 4U);
 }
 
 TEST_F(ReportGraph, BarsOfTemperatureStandOnTheNorm) {
