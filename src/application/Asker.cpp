@@ -2,11 +2,16 @@
 
 #include <QFileDialog>
 #include <QPrintDialog>
+#include <QPrintEngine>
 #include <QPrinter>
 #include <QStandardPaths>
 
 namespace sanovia {
 namespace {
+
+// Under this key the toolkit's engine keeps what its dialog offers beyond the properties of QPrinter. The
+// toolkit has no public name for it.
+constexpr auto kCupsOptions = QPrintEngine::PrintEnginePropertyKey(0xfe00);
 
 PrinterChoice::Sides sidesOf(QPrinter::DuplexMode mode) {
   switch (mode) {
@@ -18,16 +23,28 @@ PrinterChoice::Sides sidesOf(QPrinter::DuplexMode mode) {
   return PrinterChoice::Sides::AsThePrinterIsSet;
 }
 
+// The engine holds names and values in turn; none where the toolkit prints without CUPS.
+QList<std::pair<QString, QString>> furtherOptionsOf(const QPrinter& printer) {
+  const QStringList texts = printer.printEngine()->property(kCupsOptions).toStringList();
+  QList<std::pair<QString, QString>> options;
+  for (qsizetype i = 0; i + 1 < texts.size(); i += 2) options.append({texts.at(i), texts.at(i + 1)});
+  if (printer.pageOrder() == QPrinter::LastPageFirst) {
+    options.append({QStringLiteral("outputorder"), QStringLiteral("reverse")});
+  }
+  return options;
+}
+
 PrinterChoice choiceOf(const QPrinter& printer) {
   PrinterChoice choice;
   choice.outputFile = printer.outputFileName();
   if (choice.outputFile.isEmpty()) choice.printer = printer.printerName();
   choice.copies = printer.copyCount();
   choice.collates = printer.collateCopies();
-  choice.firstPage = printer.fromPage();
-  choice.lastPage = printer.toPage();
+  if (printer.printRange() == QPrinter::PageRange) choice.pages = printer.pageRanges();
   choice.sides = sidesOf(printer.duplex());
-  choice.inColour = printer.colorMode() == QPrinter::Color;
+  choice.inGrey = printer.colorMode() == QPrinter::GrayScale;
+  choice.paper = printer.pageLayout().fullRectPoints().size();
+  choice.furtherOptions = furtherOptionsOf(printer);
   return choice;
 }
 

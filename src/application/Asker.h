@@ -2,10 +2,14 @@
 // returns at once; its answer comes later, and does not come at all when the person cancels.
 #pragma once
 
+#include <QList>
+#include <QPageRanges>
+#include <QSizeF>
 #include <QString>
 
 #include <functional>
 #include <memory>
+#include <utility>
 
 class QWidget;
 
@@ -18,18 +22,20 @@ struct FileQuestion {
   QString ending;        // the one type allowed, such as "pdf"; added when the person leaves it out
 };
 
-// What is to be printed, and where.
+// What is to be printed, and where. A file takes the document as it is: the rest is for printers.
 struct PrinterChoice {
   enum class Sides : quint8 { AsThePrinterIsSet, One, LongEdge, ShortEdge };
 
-  QString printer;     // its name; empty for a file
-  QString outputFile;  // "print to file"; empty for a printer
+  QString printer = {};     // its name; empty for a file
+  QString outputFile = {};  // "print to file"; empty for a printer
   int copies = 1;
   bool collates = true;
-  int firstPage = 0;  // 0 for all pages
-  int lastPage = 0;
+  QPageRanges pages = {};  // none for all pages
   Sides sides = Sides::AsThePrinterIsSet;
-  bool inColour = true;
+  bool inGrey = false;  // otherwise as the printer is set
+  QSizeF paper = {};    // in points, as the page lies; empty when unknown
+  // What else the dialog offers for this printer, such as two pages on a sheet: names and values of CUPS.
+  QList<std::pair<QString, QString>> furtherOptions = {};
 };
 
 class Asker {
