@@ -79,7 +79,7 @@ struct Contents {
 void collect(const Graph& graph, Contents& contents) {
   contents.texts.push_back(graph.title);
   contents.texts.insert(contents.texts.end(), graph.rowLabels.begin(), graph.rowLabels.end());
-  for (const ScaleMark& mark : graph.marks) contents.texts.push_back(mark.text);
+  for (const GraphMark& mark : graph.marks) contents.texts.push_back(mark.text);
   for (const GraphLine& line : graph.lines) contents.rects.emplace_back(line.line.p1(), QSizeF(500, 1));
   for (const DayMarks& day : graph.days) {
     contents.rects.push_back(day.block);

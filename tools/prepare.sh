@@ -2,7 +2,8 @@
 
 # What the program is built from and needs to run, as Debian 12 names it.
 BUILD_PACKAGES=(build-essential cmake ninja-build ccache pkg-config git
-  qt6-base-dev qt6-svg-dev qt6-qpa-plugins qt6-translations-l10n libgl-dev libsqlite3-dev libplist-dev libcups2-dev
+  qt6-base-dev qt6-svg-dev qt6-pdf-dev qt6-qpa-plugins qt6-translations-l10n libgl-dev libsqlite3-dev libplist-dev
+  libcups2-dev
   fonts-dejavu-core fonts-noto-cjk)
 
 # What the checks need beside that.

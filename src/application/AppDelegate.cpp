@@ -7,6 +7,7 @@
 #include "application/HelpWindow.h"
 #include "application/MainWindow.h"
 #include "application/PreferencesSheet.h"
+#include "application/ReportWindow.h"
 #include "controls/AboutPanel.h"
 #include "database/Blood.h"
 #include "database/DBManager.h"

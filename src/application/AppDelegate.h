@@ -19,6 +19,8 @@ class HelpWindow;
 class MainWindow;
 class Popover;
 class PreferencesSheet;
+class ReportWindow;
+class SanoviaReport;
 
 class AppDelegate : public QObject, public MLCalendarViewDelegate {
   Q_OBJECT
@@ -40,6 +42,7 @@ class AppDelegate : public QObject, public MLCalendarViewDelegate {
   AboutPanel* aboutPanel() const { return _aboutPanel; }
   // Null before the help was first shown.
   HelpWindow* helpWindow() const { return _helpWindow.get(); }
+  ReportWindow* reportWindow() const { return _reportWindow.get(); }
 
   // Before the window shows: its least size and its last frame.
   void applicationWillFinishLaunching();
@@ -100,6 +103,10 @@ class AppDelegate : public QObject, public MLCalendarViewDelegate {
  private:
   void connectOutlets();
   void connectMenus();
+  // The report of the interval on the screen.
+  SanoviaReport report() const;
+  // The window that a question of a report's command hangs on.
+  QWidget* asksOn() const;
   QList<QAction*> menuItems() const;
   void validateMenus();
   void carryOut(QAction* item);
@@ -118,6 +125,7 @@ class AppDelegate : public QObject, public MLCalendarViewDelegate {
   PreferencesSheet* _preferencesSheet;
   AboutPanel* _aboutPanel;
   std::unique_ptr<HelpWindow> _helpWindow;
+  std::unique_ptr<ReportWindow> _reportWindow;
   bool _isAboutRunning = false;
 };
 

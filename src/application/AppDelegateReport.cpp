@@ -1,10 +1,13 @@
-// The report's commands of AppDelegate. They ask the person for what they need; the report itself, which they
-// are to write, print and show, is still to come.
+// The report's commands of AppDelegate: they show, save and print the interval on the screen, day by day.
 #include "application/AppDelegate.h"
 #include "application/Asker.h"
 #include "application/MainWindow.h"
-#include "foundation/Log.h"
+#include "application/PrintJob.h"
+#include "application/ReportWindow.h"
 #include "localisation/Language.h"
+#include "report/PrintSettings.h"
+#include "report/SanoviaReport.h"
+#include "ui_MainWindow.h"
 
 namespace sanovia {
 namespace {
@@ -13,21 +16,40 @@ namespace {
 const QString kSaveTitle = QStringLiteral("Save Report As:");
 const QString kEnding = QStringLiteral("pdf");
 
-void logMissingReport() { logLine(QStringLiteral("There is no report yet")); }
-
 }  // namespace
+
+SanoviaReport AppDelegate::report() const {
+  const ChartsView* charts = _window->outlets().chartsView;
+  return {charts->dateFrom(), charts->dateTo(), SeriesModeDay};
+}
+
+QWidget* AppDelegate::asksOn() const {
+  const bool isOnReport = _reportWindow && _reportWindow->isActiveWindow();
+  return isOnReport ? static_cast<QWidget*>(_reportWindow.get()) : _window.get();
+}
 
 void AppDelegate::saveReport() {
   const FileQuestion question{.title = kSaveTitle,
                               .proposedName = Language::stringForKey(QStringLiteral("Untitled")),
                               .ending = kEnding};
-  Asker::shared().askFileName(_window.get(), question, [](const QString& /*path*/) { logMissingReport(); });
+  Asker::shared().askFileName(asksOn(), question,
+                              [this](const QString& path) { report().createReport(path); });
 }
 
 void AppDelegate::print() {
-  Asker::shared().askPrinter(_window.get(), [](const PrinterChoice& /*choice*/) { logMissingReport(); });
+  Asker::shared().askPrinter(
+      asksOn(), [this](const PrinterChoice& choice) { printDocument(report().createReportData(), choice); });
 }
 
-void AppDelegate::openReport() { logMissingReport(); }
+void AppDelegate::openReport() {
+  const QByteArray pdf = report().createReportData();
+  if (pdf.isEmpty()) return;
+  if (!_reportWindow) {
+    _reportWindow = std::make_unique<ReportWindow>();
+    connect(_reportWindow.get(), &ReportWindow::saveWanted, this, &AppDelegate::saveReport);
+    connect(_reportWindow.get(), &ReportWindow::printWanted, this, &AppDelegate::print);
+  }
+  _reportWindow->openDocument(pdf);
+}
 
 }  // namespace sanovia

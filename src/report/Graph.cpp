@@ -109,7 +109,7 @@ Graph graphOf(const QString& title, PaperFont titleFont, PaperFont font, double 
 
 Band bandOf(double y, double height) { return {y + kTitleRoom, height}; }
 
-ScaleMark scaleMark(bool isRed, double arrowY, double textY, const QString& text, PaperFont font) {
+GraphMark scaleMark(bool isRed, double arrowY, double textY, const QString& text, PaperFont font) {
   return {isRed, arrowY, {text, {page::leftMargin, textY}, font}};
 }
 

@@ -18,7 +18,7 @@
 namespace sanovia {
 
 // An arrow at the left margin with a value written over it.
-struct ScaleMark {
+struct GraphMark {
   bool isRed;
   double y;  // of the arrow's upper edge
   TextMark text;
@@ -46,7 +46,7 @@ struct GraphLine {
 
 struct Graph {
   TextMark title;
-  std::vector<ScaleMark> marks;
+  std::vector<GraphMark> marks;
   std::vector<TextMark> rowLabels;
   PaperFont font;  // of the values below the blocks
   QLinearGradient ramp;
@@ -82,7 +82,7 @@ Graph graphOf(const QString& title, PaperFont titleFont, PaperFont font, double 
 Band bandOf(double y, double height);
 
 // The arrow of a mark with its upper edge at arrowY and the text's at textY.
-ScaleMark scaleMark(bool isRed, double arrowY, double textY, const QString& text, PaperFont font);
+GraphMark scaleMark(bool isRed, double arrowY, double textY, const QString& text, PaperFont font);
 
 // A line from the column of labels to the edge of the page.
 GraphLine graphLine(double y, QColor color, double width = kThinLine);

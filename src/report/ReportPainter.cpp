@@ -43,7 +43,7 @@ void ReportPainter::drawStrip(const DateStrip& strip) {
 
 void ReportPainter::drawGraph(const Graph& graph) {
   drawText(graph.title);
-  for (const ScaleMark& mark : graph.marks) drawMark(mark);
+  for (const GraphMark& mark : graph.marks) drawMark(mark);
   for (const TextMark& label : graph.rowLabels) drawText(label);
   drawDays(graph);
   drawLabels(graph);
@@ -91,7 +91,7 @@ void ReportPainter::drawCurve(const Graph& graph) {
   scale.drawLines(curve.lines, palette::darkGray, kThinLine);
 }
 
-void ReportPainter::drawMark(const ScaleMark& mark) {
+void ReportPainter::drawMark(const GraphMark& mark) {
   const NamedImage& image = mark.isRed ? _redArrow : _greyArrow;
   image.drawInRect(_painter, QRectF({page::leftMargin, mark.y}, _arrowSize));
   drawText(mark.text);
@@ -123,7 +123,7 @@ void ReportPainter::note(const QString& text) {
     if (sign.unicode() > kLastLatin && !_drawnSigns.contains(sign)) _drawnSigns += sign;
 }
 
-void ReportPainter::drawTrial(const TrialMark& trial) {
+void ReportPainter::drawTrial(const PageTrialMark& trial) {
   useFont(trial.text.font);
   _painter.save();
   _painter.translate(trial.pivot);

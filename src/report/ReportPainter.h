@@ -18,7 +18,7 @@ class ReportPainter {
   void drawSectionPage(const ReportSection& section);
   void drawTable(const TablePage& table);
   void drawText(const TextMark& mark);
-  void drawTrial(const TrialMark& trial);
+  void drawTrial(const PageTrialMark& trial);
 
   // The signs of other than Latin writing that were drawn, each once.
   const QString& drawnSigns() const { return _drawnSigns; }
@@ -32,7 +32,7 @@ class ReportPainter {
   void drawDays(const Graph& graph);
   void drawLabels(const Graph& graph);
   void drawCurve(const Graph& graph);
-  void drawMark(const ScaleMark& mark);
+  void drawMark(const GraphMark& mark);
 
   QPainter& _painter;
   const PaperText& _text;

@@ -117,7 +117,7 @@ TextMark pageFooter(qint64 pageNumber, const PaperText& text) {
                        kFooterFont);
 }
 
-TrialMark trialMark(const PaperText& text) {
+PageTrialMark trialMark(const PaperText& text) {
   const QString mark = word("trialversion");
   const QSizeF size = text.size(mark, kTrialFont);
   const QPointF middle(page::kWidth / 2, page::kHeight / 2);

@@ -44,11 +44,11 @@ TextMark pageFooter(qint64 pageNumber, const PaperText& text);
 
 // The mark of a trial copy, which lies across a page; its point is where it stands before it is turned about
 // the middle of the page.
-struct TrialMark {
+struct PageTrialMark {
   TextMark text;
   QPointF pivot;
   double degrees;
 };
-TrialMark trialMark(const PaperText& text);
+PageTrialMark trialMark(const PaperText& text);
 
 }  // namespace sanovia

@@ -53,9 +53,9 @@ class ReportHome : public TestHome {
 };
 
 // "text at y" of each mark, and whether its arrow is red: "r41.0@212.0/214.0".
-inline QStringList described(const std::vector<ScaleMark>& marks) {
+inline QStringList described(const std::vector<GraphMark>& marks) {
   QStringList list;
-  for (const ScaleMark& mark : marks)
+  for (const GraphMark& mark : marks)
     list.append(QStringLiteral("%1%2@%3/%4")
                     .arg(mark.isRed ? QStringLiteral("r") : QStringLiteral("g"), mark.text.text)
                     .arg(mark.y, 0, 'f', 1)

@@ -1,0 +1,105 @@
+#include "application/ReportWindow.h"
+
+#include <QBoxLayout>
+#include <QIcon>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPdfDocument>
+#include <QPdfPageNavigator>
+#include <QPdfView>
+#include <QPushButton>
+#include <QScrollBar>
+
+#include "controls/HouseStyle.h"
+#include "controls/Scroller.h"
+#include "drawing/Palette.h"
+#include "localisation/Language.h"
+
+namespace sanovia {
+namespace {
+
+constexpr QSize kSize(820, 900);
+constexpr int kMargin = 20;
+constexpr int kTextPixels = 14;
+constexpr int kPageSpacing = 16;
+
+QString word(const char* key) { return Language::stringForKey(QString::fromUtf8(key)); }
+
+}  // namespace
+
+ReportWindow::ReportWindow()
+    : _document(new QPdfDocument(this)),
+      _pages(new QPdfView(this)),
+      _save(new QPushButton(this)),
+      _print(new QPushButton(this)),
+      _page(new QLabel(this)) {
+  dressInHouseStyle(this, kTextPixels);
+  setWindowIcon(QIcon(QStringLiteral(":/images/Sanovia.svg")));
+  resize(kSize);
+  _pages->setDocument(_document);
+  _pages->setPageMode(QPdfView::PageMode::MultiPage);
+  _pages->setZoomMode(QPdfView::ZoomMode::FitToWidth);
+  _pages->setPageSpacing(kPageSpacing);
+  _pages->setDocumentMargins({kPageSpacing, kPageSpacing, kPageSpacing, kPageSpacing});
+  _pages->setFrameShape(QFrame::NoFrame);
+  QPalette desk = _pages->palette();
+  desk.setColor(QPalette::Dark, palette::teal);  // what the view lays behind the pages
+  _pages->setPalette(desk);
+  dressScroller(_pages->verticalScrollBar(), palette::teal);
+  auto* buttons = new QHBoxLayout;
+  buttons->setContentsMargins(kMargin, kMargin / 2, kMargin, kMargin / 2);
+  buttons->addWidget(_save);
+  buttons->addWidget(_print);
+  buttons->addStretch();
+  buttons->addWidget(_page);
+  auto* rows = new QVBoxLayout(this);
+  rows->setContentsMargins(0, 0, 0, 0);
+  rows->setSpacing(0);
+  rows->addLayout(buttons);
+  rows->addWidget(_pages);
+  _save->setShortcut(QKeySequence(QStringLiteral("Ctrl+S")));
+  _print->setShortcut(QKeySequence(QStringLiteral("Ctrl+P")));
+  connect(_save, &QPushButton::clicked, this, &ReportWindow::saveWanted);
+  connect(_print, &QPushButton::clicked, this, &ReportWindow::printWanted);
+  connect(_pages->pageNavigator(), &QPdfPageNavigator::currentPageChanged, this, &ReportWindow::tellPage);
+}
+
+ReportWindow::~ReportWindow() { _document->close(); }
+
+void ReportWindow::openDocument(const QByteArray& pdf) {
+  _document->close();
+  _pdf.close();
+  _pdf.setData(pdf);
+  _pdf.open(QIODevice::ReadOnly);
+  _document->load(&_pdf);
+  setWindowTitle(word("Report"));
+  _pages->setAccessibleName(word("Report"));
+  // A text takes a button's shortcut away.
+  const QKeySequence save = _save->shortcut();
+  const QKeySequence print = _print->shortcut();
+  _save->setText(word("Save Report…"));
+  _print->setText(word("Print…"));
+  _save->setShortcut(save);
+  _print->setShortcut(print);
+  tellPage();
+  setWindowState(windowState() & ~Qt::WindowMinimized);
+  show();
+  raise();
+  activateWindow();
+  _pages->verticalScrollBar()->setValue(0);
+  _pages->setFocus(Qt::OtherFocusReason);
+}
+
+void ReportWindow::tellPage() {
+  const int page = _pages->pageNavigator()->currentPage() + 1;
+  _page->setText(QStringLiteral("%1 / %2").arg(page).arg(_document->pageCount()));
+}
+
+void ReportWindow::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Escape)
+    close();
+  else
+    QWidget::keyPressEvent(event);
+}
+
+}  // namespace sanovia
