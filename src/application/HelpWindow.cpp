@@ -7,6 +7,7 @@
 #include <QPushButton>
 #include <QTextBrowser>
 
+#include "controls/ColoredView.h"
 #include "controls/HouseStyle.h"
 #include "drawing/Fonts.h"
 #include "foundation/Paths.h"
@@ -16,8 +17,10 @@ namespace sanovia {
 namespace {
 
 constexpr QSize kSize(760, 720);
-constexpr int kMargin = 20;
+constexpr int kMargin = 24;
+constexpr int kGap = 12;
 constexpr int kTextPixels = 14;
+constexpr int kPagePixels = 15;
 constexpr int kPageMargin = 24;
 
 QString word(const char* key) { return Language::stringForKey(QString::fromLatin1(key)); }
@@ -33,17 +36,20 @@ HelpWindow::HelpWindow()
   dressInHouseStyle(this, kTextPixels);
   setWindowIcon(QIcon(QStringLiteral(":/images/Sanovia.svg")));
   resize(kSize);
+  _browser->setFont(fonts::system(kPagePixels));
   _browser->setFrameShape(QFrame::NoFrame);
   _browser->document()->setDocumentMargin(kPageMargin);
-  auto* buttons = new QHBoxLayout;
+  auto* band = new ColoredView(this);
+  auto* buttons = new QHBoxLayout(band);
   buttons->setContentsMargins(kMargin, kMargin / 2, kMargin, kMargin / 2);
+  buttons->setSpacing(kGap);
   buttons->addWidget(_back);
   buttons->addWidget(_contents);
   buttons->addStretch();
   auto* rows = new QVBoxLayout(this);
   rows->setContentsMargins(0, 0, 0, 0);
   rows->setSpacing(0);
-  rows->addLayout(buttons);
+  rows->addWidget(band);
   rows->addWidget(_browser);
   connect(_back, &QPushButton::clicked, _browser, &QTextBrowser::backward);
   connect(_contents, &QPushButton::clicked, _browser, &QTextBrowser::home);

@@ -40,7 +40,8 @@ AboutPanel::AboutPanel(QWidget* window)
   setStyleSheet(QStringLiteral("QLabel { color: %1; } QPushButton { color: %1; border: none; padding: 0; "
                                "text-decoration: underline; }")
                     .arg(palette::white.name()));
-  setFont(fonts::system(kTextPixels));
+  for (QLabel* label : {_ui->tagline, _ui->versionWord, static_cast<QLabel*>(_ui->version)})
+    label->setFont(fonts::system(kTextPixels));
   _ui->name->setFont(fonts::system(kNamePixels));
   _ui->bnFolder->setFont(fonts::system(kLinkPixels));
   _ui->rights->setFont(fonts::system(kSmallPixels));

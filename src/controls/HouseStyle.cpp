@@ -1,8 +1,7 @@
 #include "controls/HouseStyle.h"
 
-#include <QMenu>
-#include <QMenuBar>
 #include <QToolTip>
+#include <QWidget>
 
 #include "drawing/Fonts.h"
 #include "drawing/Palette.h"
@@ -80,8 +79,8 @@ QString sheetInColours() {
 void dressInHouseStyle(QWidget* root, int pixels) {
   root->setStyleSheet(sheetInColours());
   root->setFont(fonts::system(pixels));
-  // Menus do not take the font of what they hang in.
-  for (QMenu* menu : root->findChildren<QMenu*>()) menu->setFont(fonts::system(pixels));
+  // Under a style sheet no widget takes the font of the one around it.
+  for (QWidget* widget : root->findChildren<QWidget*>()) widget->setFont(fonts::system(pixels));
 }
 
 void dressToolTips() {

@@ -37,6 +37,7 @@ def element(root, name, test=lambda found: True):
 
 
 def has(found, state):
+    found.clearCache()  # what the program says now, not what it said when it was last asked
     return found.getState().contains(state)
 
 
@@ -69,22 +70,22 @@ def item(name):
     return element(app, name, lambda found: found.getRole() == pyatspi.ROLE_MENU_ITEM)
 
 
+def is_there(title):  # among the windows alone, since not all of them stay for long
+    return any(window.name == title and has(window, pyatspi.STATE_SHOWING) for window in app)
+
+
 check("there is nothing to save", lambda: not has(item("Save Report…"), pyatspi.STATE_ENABLED))
 press(item("Pressure"))
 check("the menu shows Pressure", lambda: has(strip("Pressure"), pyatspi.STATE_CHECKED))
 check("the item of the kind that shows is disabled", lambda: not has(item("Pressure"), pyatspi.STATE_ENABLED))
 press(item("General"))
 press(item("Preferences…"))
+check("the sheet shows", lambda: is_there("Preferences"))
 press(element(app, "Cancel"))
+check("the sheet is gone", lambda: not is_there("Preferences"))
 press(item("About Sanovia"))
-
-
-def is_about_there():  # looked for among the windows alone, since it does not stay for long
-    return any(window.name == "About Sanovia" and has(window, pyatspi.STATE_SHOWING) for window in app)
-
-
-check("the about panel shows", is_about_there)
-check("the about panel goes away by itself", lambda: not is_about_there())
+check("the about panel shows", lambda: is_there("About Sanovia"))
+check("the about panel goes away by itself", lambda: not is_there("About Sanovia"))
 
 # The table: its size, its titles, its cells, its selection.
 table = awaited("the table", lambda: pyatspi.findDescendant(app, lambda found: found.getRole() == pyatspi.ROLE_TABLE))
