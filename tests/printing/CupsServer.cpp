@@ -7,6 +7,7 @@
 
 #include <cups/cups.h>
 #include <gtest/gtest.h>
+#include <utility>
 #ifdef Q_OS_LINUX
 #include <csignal>
 #include <sys/prctl.h>
@@ -122,7 +123,7 @@ bool answers(quint16 port) {
 const QString CupsServer::kQueue = QStringLiteral("sanovia-paper");
 const QString CupsServer::kClosedQueue = QStringLiteral("sanovia-closed");
 
-CupsServer::CupsServer(const QString& folder) : _folder(folder), _port(freePort()) {
+CupsServer::CupsServer(QString folder) : _folder(std::move(folder)), _port(freePort()) {
   writeConfiguration();
 #ifdef Q_OS_LINUX
   _process.setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGKILL); });

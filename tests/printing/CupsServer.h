@@ -13,7 +13,7 @@ namespace sanovia::test {
 class CupsServer {
  public:
   // Fails the test when the server does not come up.
-  explicit CupsServer(const QString& folder);
+  explicit CupsServer(QString folder);
   ~CupsServer();
   CupsServer(const CupsServer&) = delete;
   CupsServer& operator=(const CupsServer&) = delete;
