@@ -10,6 +10,7 @@
 #include <QPushButton>
 #include <QScrollBar>
 
+#include "controls/ColoredView.h"
 #include "controls/HouseStyle.h"
 #include "controls/Scroller.h"
 #include "drawing/Palette.h"
@@ -20,6 +21,7 @@ namespace {
 
 constexpr QSize kSize(820, 900);
 constexpr int kMargin = 20;
+constexpr int kGap = 12;
 constexpr int kTextPixels = 14;
 constexpr int kPageSpacing = 16;
 
@@ -45,9 +47,12 @@ ReportWindow::ReportWindow()
   QPalette desk = _pages->palette();
   desk.setColor(QPalette::Dark, palette::teal);  // what the view lays behind the pages
   _pages->setPalette(desk);
-  dressScroller(_pages->verticalScrollBar(), palette::teal);
-  auto* buttons = new QHBoxLayout;
+  dressScroller(_pages->verticalScrollBar(), palette::white);
+  _page->setStyleSheet(QStringLiteral("color: ") + palette::white.name());
+  auto* band = new ColoredView(this);
+  auto* buttons = new QHBoxLayout(band);
   buttons->setContentsMargins(kMargin, kMargin / 2, kMargin, kMargin / 2);
+  buttons->setSpacing(kGap);
   buttons->addWidget(_save);
   buttons->addWidget(_print);
   buttons->addStretch();
@@ -55,10 +60,8 @@ ReportWindow::ReportWindow()
   auto* rows = new QVBoxLayout(this);
   rows->setContentsMargins(0, 0, 0, 0);
   rows->setSpacing(0);
-  rows->addLayout(buttons);
+  rows->addWidget(band);
   rows->addWidget(_pages);
-  _save->setShortcut(QKeySequence(QStringLiteral("Ctrl+S")));
-  _print->setShortcut(QKeySequence(QStringLiteral("Ctrl+P")));
   connect(_save, &QPushButton::clicked, this, &ReportWindow::saveWanted);
   connect(_print, &QPushButton::clicked, this, &ReportWindow::printWanted);
   connect(_pages->pageNavigator(), &QPdfPageNavigator::currentPageChanged, this, &ReportWindow::tellPage);
@@ -74,13 +77,11 @@ void ReportWindow::openDocument(const QByteArray& pdf) {
   _document->load(&_pdf);
   setWindowTitle(word("Report"));
   _pages->setAccessibleName(word("Report"));
-  // A text takes a button's shortcut away.
-  const QKeySequence save = _save->shortcut();
-  const QKeySequence print = _print->shortcut();
   _save->setText(word("Save Report…"));
   _print->setText(word("Print…"));
-  _save->setShortcut(save);
-  _print->setShortcut(print);
+  // A new text takes a button's shortcut away.
+  _save->setShortcut(QKeySequence(QStringLiteral("Ctrl+S")));
+  _print->setShortcut(QKeySequence(QStringLiteral("Ctrl+P")));
   tellPage();
   setWindowState(windowState() & ~Qt::WindowMinimized);
   show();
