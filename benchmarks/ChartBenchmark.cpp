@@ -49,7 +49,8 @@ class ReadyView : public QWidget {
     setAttribute(Qt::WA_OpaquePaintEvent);
     resize(open.view.size());
     // As many children as the view has buttons: the toolkit goes through them before it renders.
-    for (const ChartsButton* button : open.view.buttons()) (new QWidget(this))->setGeometry(button->geometry());
+    for (const ChartsButton* button : open.view.buttons())
+      (new QWidget(this))->setGeometry(button->geometry());
   }
 
  protected:
