@@ -35,7 +35,6 @@ ReportWindow::ReportWindow()
       _save(new QPushButton(this)),
       _print(new QPushButton(this)),
       _page(new QLabel(this)) {
-  dressInHouseStyle(this, kTextPixels);
   setWindowIcon(QIcon(QStringLiteral(":/images/Sanovia.svg")));
   resize(kSize);
   _pages->setDocument(_document);
@@ -57,6 +56,8 @@ ReportWindow::ReportWindow()
   buttons->addWidget(_print);
   buttons->addStretch();
   buttons->addWidget(_page);
+  // The band alone: dialogs that hang on this window keep the toolkit's own look.
+  dressInHouseStyle(band, kTextPixels);
   auto* rows = new QVBoxLayout(this);
   rows->setContentsMargins(0, 0, 0, 0);
   rows->setSpacing(0);
