@@ -6,9 +6,6 @@
 #include <QPdfDocument>
 
 #include <cups/cups.h>
-#ifdef __SANITIZE_ADDRESS__
-#include <sanitizer/lsan_interface.h>
-#endif
 
 #include "application/Asker.h"
 #include "application/PreferencesSheet.h"
@@ -51,15 +48,6 @@ class Tour : public LaunchedHome {
   ~Tour() override {
     Asker::setShared(nullptr);
     qunsetenv("CUPS_SERVER");
-  }
-
-  // The toolkit's view of PDF pages never frees its gestures nor the thread that renders.
-  template <class Open>
-  static void withoutLeakCheck(Open open) {
-#ifdef __SANITIZE_ADDRESS__
-    const __lsan::ScopedDisabler disabler;
-#endif
-    open();
   }
 
   static void picture(QWidget* of, const QString& name) {

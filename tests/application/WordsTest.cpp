@@ -12,6 +12,7 @@
 
 #include "application/HelpWindow.h"
 #include "application/PreferencesSheet.h"
+#include "application/ReportWindow.h"
 #include "calendar/MLCalendarView.h"
 #include "controls/AboutPanel.h"
 #include "foundation/Paths.h"
@@ -37,13 +38,17 @@ class Words : public LaunchedHome {
     Paths::setResourceFolder(pages);
     delegate->displayHelp();
     Paths::setResourceFolder({});
+    execute(u"INSERT INTO general (gdate) SELECT '2026-11-15' WHERE NOT EXISTS (SELECT * FROM general)"_s);
+    withoutLeakCheck([this] { delegate->openReport(); });
+    ui().bnCharts->click();
     delegate->showCalendarFrom(ui().bnCalendarFrom);
     delegate->preferences();
     delegate->preferencesSheet()->outlets().tfHeight->setStringValue(u"999"_s);
     delegate->aboutPanel()->show();
     QCoreApplication::processEvents();
     EXPECT_EQ(delegate->window()->size(), QSize(800, 800));
-    return {delegate->window(), delegate->preferencesSheet(), delegate->aboutPanel(), delegate->helpWindow()};
+    return {delegate->window(), delegate->preferencesSheet(), delegate->aboutPanel(), delegate->helpWindow(),
+            delegate->reportWindow()};
   }
 
   static QStringList textsOf(QWidget* root) {
