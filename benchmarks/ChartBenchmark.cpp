@@ -1,51 +1,20 @@
 // The charts of a kind with all properties open, 1,200 points wide: making the plans, painting plans that are
-// ready, and the whole redraw after the selection has moved.
+// ready, and the whole redraw after the selection has moved, both beside a bare painter with the same plans.
 #include <QImage>
 #include <QPainter>
 
 #include <benchmark/benchmark.h>
 
-#include "BenchmarkDiary.h"
-#include "charts/ChartsView.h"
-#include "dates/Utils.h"
+#include "OpenCharts.h"
 
 namespace sanovia::benchmarks {
 namespace {
 
-constexpr int kWidth = 1200;
-
-// The view over the last days of a diary of ten years.
-struct OpenCharts {
-  BenchmarkDiary diary;
-  ChartsView view;
-  QImage picture;
-
-  OpenCharts(qint64 type, int days) {
-    const QDateTime end = Utils::dayEnd(BenchmarkDiary::lastDay().startOfDay());
-    view.setIntervalSource({[=] { return Utils::dayStart(end.addDays(1 - days)); }, [=] { return end; }});
-    view.setType(type);
-    view.resize(kWidth, view.height());
-    view.addPropertyViews();
-    for (ChartsButton* button : view.buttons())
-      if (!button->isChecked()) button->click();
-    view.initValues();
-    view.resize(kWidth, view.height());
-    picture = QImage(view.size(), QImage::Format_RGB32);
-  }
-
-  std::vector<ChartPlan> plans() const {
-    std::vector<ChartPlan> plans;
-    const ChartInputs inputs = view.chartInputs();
-    for (const PropertyPlace& place : view.columnPlan().places)
-      if (std::optional<ChartPlan> plan = view.chartPlan(inputs, place)) plans.push_back(std::move(*plan));
-    return plans;
-  }
-};
-
 // Paints plans that it has, and asks nobody.
+template <class Paint>
 class ReadyView : public QWidget {
  public:
-  explicit ReadyView(const OpenCharts& open) : _plans(open.plans()) {
+  ReadyView(const OpenCharts& open, Paint paint) : _plans(open.plans()), _paint(paint) {
     setAttribute(Qt::WA_OpaquePaintEvent);
     resize(open.view.size());
     // As many children as the view has buttons: the toolkit goes through them before it renders.
@@ -57,31 +26,40 @@ class ReadyView : public QWidget {
   void paintEvent(QPaintEvent* /*event*/) override {
     QPainter painter(this);
     painter.fillRect(rect(), Qt::white);
-    for (const ChartPlan& plan : _plans) _painter.paint(painter, plan);
+    _paint(painter, _plans);
   }
 
  private:
   std::vector<ChartPlan> _plans;
-  ChartPainter _painter;
+  Paint _paint;
 };
 
-// Without the children, which are the buttons.
-void renderTo(QImage& picture, QWidget& view) { view.render(&picture, {}, {}, {}); }
-
 void makePlans(benchmark::State& state) {
-  const OpenCharts open(state.range(0), static_cast<int>(state.range(1)));
+  const OpenCharts open(state.range(0), state.range(1));
   for (auto _ : state) benchmark::DoNotOptimize(open.plans().data());
 }
 
-void paintReadyPlans(benchmark::State& state) {
-  OpenCharts open(state.range(0), static_cast<int>(state.range(1)));
+template <class Paint>
+void paintWith(benchmark::State& state, Paint paint) {
+  OpenCharts open(state.range(0), state.range(1));
   open.view.selectDay(state.range(1) / 2);
-  ReadyView ready(open);
+  ReadyView ready(open, paint);
   for (auto _ : state) renderTo(open.picture, ready);
 }
 
+void paintReadyPlans(benchmark::State& state) {
+  const ChartPainter charts;
+  paintWith(state, [&](QPainter& painter, const std::vector<ChartPlan>& plans) {
+    for (const ChartPlan& plan : plans) charts.paint(painter, plan);
+  });
+}
+
+void paintReadyPlansFloor(benchmark::State& state) {
+  paintWith(state, [](QPainter& painter, const std::vector<ChartPlan>& plans) { paintBare(painter, plans); });
+}
+
 void redrawAfterSelection(benchmark::State& state) {
-  OpenCharts open(state.range(0), static_cast<int>(state.range(1)));
+  OpenCharts open(state.range(0), state.range(1));
   qint64 day = 1;
   for (auto _ : state) {
     open.view.selectDay(day = day % state.range(1) + 1);
@@ -96,7 +74,10 @@ void kindsAndIntervals(benchmark::internal::Benchmark* benchmark) {
 }
 
 BENCHMARK(makePlans)->Apply(kindsAndIntervals);
+BENCHMARK(paintReadyPlansFloor)->Apply(kindsAndIntervals);
 BENCHMARK(paintReadyPlans)->Apply(kindsAndIntervals);
+// It has its plans.
+BENCHMARK(paintReadyPlansFloor)->Name("redrawAfterSelectionFloor")->Apply(kindsAndIntervals);
 BENCHMARK(redrawAfterSelection)->Apply(kindsAndIntervals);
 
 }  // namespace

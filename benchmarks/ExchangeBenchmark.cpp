@@ -1,20 +1,22 @@
-// Export and import of ten years of full days.
+// Export and import of ten years, beside the interface of SQLite and the C library.
 #include <QFile>
 
 #include <benchmark/benchmark.h>
 
-#include "BenchmarkDiary.h"
-#include "database/DBManager.h"
-#include "exchange/DiaryExport.h"
-#include "exchange/DiaryImport.h"
-#include "foundation/Paths.h"
+#include "BareDiary.h"
+#include "BareTable.h"
+#include "core/database/DBManager.h"
+#include "core/exchange/DiaryExport.h"
+#include "core/exchange/DiaryImport.h"
+#include "core/foundation/Paths.h"
 
 namespace sanovia::benchmarks {
 namespace {
 
 void skipUnlessWhole(benchmark::State& state, const ExchangeResult& result) {
   const auto* report = std::get_if<ExchangeReport>(&result);
-  if (report == nullptr || report->days != BenchmarkDiary::kDays) state.SkipWithError("not every day went");
+  if (report == nullptr || report->days != BenchmarkDiary::daysWithRows(BenchmarkDiary::kDays))
+    state.SkipWithError("not every day went");
 }
 
 void exportTenYears(benchmark::State& state) {
@@ -22,6 +24,14 @@ void exportTenYears(benchmark::State& state) {
   ExchangeResult result;
   for (auto _ : state) result = exportDiary(diary.file(QStringLiteral("diary.csv")));
   skipUnlessWhole(state, result);
+}
+
+void exportTenYearsFloor(benchmark::State& state) {
+  const BenchmarkDiary diary;
+  const QByteArray csv = diary.file(QStringLiteral("bare.csv")).toUtf8();
+  for (auto _ : state) exportBare(Paths::databaseFile().toUtf8(), csv);
+  if (parseBare(csv).size() != static_cast<size_t>(BenchmarkDiary::daysWithRows(BenchmarkDiary::kDays)))
+    state.SkipWithError("not every day went");
 }
 
 // Into an empty diary, which is made anew each time.
@@ -50,8 +60,32 @@ void importTenYearsAgain(benchmark::State& state) {
   skipUnlessWhole(state, result);
 }
 
+void importTenYearsFloor(benchmark::State& state) {
+  const BenchmarkDiary diary;
+  const QByteArray csv = diary.file(QStringLiteral("bare.csv")).toUtf8();
+  const QByteArray made = diary.file(QStringLiteral("bare.db")).toUtf8();
+  exportBare(Paths::databaseFile().toUtf8(), csv);
+  for (auto _ : state) {
+    state.PauseTiming();
+    QFile::remove(QString::fromUtf8(made));
+    state.ResumeTiming();
+    createBare(made);
+    storeBare(made, parseBare(csv));
+  }
+}
+
+void importTenYearsAgainFloor(benchmark::State& state) {
+  const BenchmarkDiary diary;
+  const QByteArray csv = diary.file(QStringLiteral("bare.csv")).toUtf8();
+  exportBare(Paths::databaseFile().toUtf8(), csv);
+  for (auto _ : state) updateBare(Paths::databaseFile().toUtf8(), parseBare(csv));
+}
+
+BENCHMARK(exportTenYearsFloor)->Unit(benchmark::kMillisecond);
 BENCHMARK(exportTenYears)->Unit(benchmark::kMillisecond);
+BENCHMARK(importTenYearsFloor)->Unit(benchmark::kMillisecond);
 BENCHMARK(importTenYears)->Unit(benchmark::kMillisecond);
+BENCHMARK(importTenYearsAgainFloor)->Unit(benchmark::kMillisecond);
 BENCHMARK(importTenYearsAgain)->Unit(benchmark::kMillisecond);
 
 }  // namespace

@@ -3,8 +3,8 @@
 #include <span>
 #include <vector>
 
-#include "exchange/Columns.h"
-#include "exchange/DiaryTable.h"
+#include "core/exchange/Columns.h"
+#include "core/exchange/DiaryTable.h"
 
 namespace sanovia {
 namespace {

@@ -5,9 +5,9 @@
 #include <cstdio>
 
 #include "SampleDiary.h"
-#include "exchange/DiaryTable.h"
-#include "exchange/WholeFile.h"
-#include "foundation/Clock.h"
+#include "core/exchange/DiaryTable.h"
+#include "core/foundation/Clock.h"
+#include "core/foundation/WholeFile.h"
 
 namespace {
 

@@ -3,11 +3,11 @@
 # What the program is built from and needs to run, as Debian 12 names it.
 BUILD_PACKAGES=(build-essential cmake ninja-build ccache pkg-config git
   qt6-base-dev qt6-svg-dev qt6-pdf-dev qt6-qpa-plugins qt6-translations-l10n libgl-dev libsqlite3-dev libplist-dev
-  libcups2-dev
+  libqpdf-dev libcups2-dev
   fonts-dejavu-core fonts-noto-cjk)
 
 # What the checks need beside that.
-CHECK_PACKAGES=(clang-format libgtest-dev sqlite3 qpdf poppler-utils cups-daemon
+CHECK_PACKAGES=(clang-format clang-tidy libgtest-dev sqlite3 qpdf poppler-utils cups-daemon
   xvfb xauth dbus at-spi2-core python3 python3-pyatspi
   desktop-file-utils appstream groff-base dpkg-dev lintian)
 

@@ -5,8 +5,8 @@
 #include <QMouseEvent>
 #include <QScreen>
 
-#include "controls/AboutPanel.h"
-#include "foundation/Clock.h"
+#include "core/foundation/Clock.h"
+#include "ui/controls/AboutPanel.h"
 
 namespace sanovia {
 namespace {

@@ -6,28 +6,23 @@
 
 #include "application/HelpWindow.h"
 #include "application/MainWindow.h"
-#include "application/PreferencesSheet.h"
 #include "application/ReportWindow.h"
-#include "controls/AboutPanel.h"
-#include "database/Blood.h"
-#include "database/DBManager.h"
-#include "database/General.h"
-#include "database/Pressure.h"
-#include "diary/DateInterval.h"
-#include "entry/EditAnimationView.h"
-#include "foundation/NotificationCenter.h"
-#include "foundation/SettingsStore.h"
-#include "licensing/Licensing.h"
-#include "localisation/Language.h"
-#include "preferences/Preferences.h"
+#include "core/database/Blood.h"
+#include "core/database/DBManager.h"
+#include "core/database/General.h"
+#include "core/database/Pressure.h"
+#include "core/diary/DateInterval.h"
+#include "core/foundation/NotificationCenter.h"
+#include "core/foundation/Settings.h"
+#include "core/licensing/Licensing.h"
+#include "core/localisation/Language.h"
+#include "core/preferences/Preferences.h"
+#include "ui/entry/EditAnimationView.h"
 #include "ui_MainWindow.h"
 
 namespace sanovia {
 namespace {
 
-const QString kType = QStringLiteral("healthInfoType");
-const QString kMode = QStringLiteral("healthInfoMode");
-const QString kFrame = QStringLiteral("SanoviaWindow");
 const QString kTrialTitle = QStringLiteral(" :: (Trial Version)");
 constexpr QSize kLeastSize(800, 800);
 
@@ -44,8 +39,6 @@ bool hasRows(const QString& from, const QString& to) {
 AppDelegate::AppDelegate()
     : _window(std::make_unique<MainWindow>()), _editView(new EditAnimationView(_window->centralWidget())) {
   Preferences::fillInMissingDefaults();
-  _preferencesSheet = new PreferencesSheet(_window.get());
-  _aboutPanel = new AboutPanel(_window.get());
   connectOutlets();
   connectMenus();
 }
@@ -83,7 +76,6 @@ void AppDelegate::applicationWillFinishLaunching() {
 
 void AppDelegate::applicationDidFinishLaunching() {
   Ui::MainWindow& ui = _window->outlets();
-  const SettingsStore& settings = SettingsStore::standard();
   sharedApp = this;
   NotificationCenter::defaultCenter().addObserver(this, changeMeasurementsNotification,
                                                   [this] { setUpCalendarTitle(); });
@@ -91,8 +83,8 @@ void AppDelegate::applicationDidFinishLaunching() {
   _editView->setTarget([this] { dataIsPresent(); });
   dataIsPresent();
   Language::setLanguage(Language::language());
-  const qint64 type = settings.integer(kType);
-  const qint64 mode = settings.integer(kMode);
+  const qint64 type = settings.recordType.value();
+  const qint64 mode = settings.viewMode.value();
   DateInterval::testDateInterval();
   ui.toolsView->changeType(type);
   ui.toolsView->changeMode(mode);
@@ -105,18 +97,16 @@ void AppDelegate::applicationDidFinishLaunching() {
 }
 
 void AppDelegate::applicationWillTerminate() {
-  SettingsStore& settings = SettingsStore::standard();
   const ToolsView* tools = _window->outlets().toolsView;
-  settings.setInteger(kType, tools->type());
-  settings.setInteger(kMode, tools->mode());
-  settings.synchronize();
+  settings.recordType.store(tools->type());
+  settings.viewMode.store(tools->mode());
+  SettingsStore::standard().synchronize();
   Language::clean();
   const QRect frame =
       _window->isMaximized() || _window->isFullScreen() ? _window->normalGeometry() : _window->geometry();
-  settings.setString(
-      kFrame,
+  settings.windowFrame.store(
       QStringLiteral("%1 %2 %3 %4").arg(frame.x()).arg(frame.y()).arg(frame.width()).arg(frame.height()));
-  settings.synchronize();
+  SettingsStore::standard().synchronize();
 }
 
 // The panel hangs below the strip; shut, it lies just below the window's lower edge.
@@ -133,7 +123,7 @@ void AppDelegate::windowWillClose() { QApplication::quit(); }
 // A frame that is unreadable counts as none. One that lies on no screen any more keeps its size alone.
 bool AppDelegate::restoreFrame() {
   static const QRegularExpression form(QStringLiteral("^(-?\\d{1,6}) (-?\\d{1,6}) (\\d{1,6}) (\\d{1,6})$"));
-  const QRegularExpressionMatch match = form.match(SettingsStore::standard().string(kFrame));
+  const QRegularExpressionMatch match = form.match(settings.windowFrame.value());
   if (!match.hasMatch()) return false;
   const QRect frame(match.captured(1).toInt(), match.captured(2).toInt(), match.captured(3).toInt(),
                     match.captured(4).toInt());

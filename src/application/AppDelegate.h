@@ -5,9 +5,10 @@
 #include <QDateTime>
 #include <QObject>
 
+#include <functional>
 #include <memory>
 
-#include "calendar/MLCalendarView.h"
+#include "ui/calendar/MLCalendarView.h"
 
 class QAction;
 
@@ -38,8 +39,9 @@ class AppDelegate : public QObject, public MLCalendarViewDelegate {
   // The month page and what it hangs in; null before the first opening.
   MLCalendarView* calendarView() const { return _calendarView; }
   Popover* calendarPopover() const { return _calendarPopover; }
-  PreferencesSheet* preferencesSheet() const { return _preferencesSheet; }
-  AboutPanel* aboutPanel() const { return _aboutPanel; }
+  // Made when they are first asked for, so that the start does not pay for them.
+  PreferencesSheet* preferencesSheet();
+  AboutPanel* aboutPanel();
   // Null before the help was first shown.
   HelpWindow* helpWindow() const { return _helpWindow.get(); }
   ReportWindow* reportWindow() const { return _reportWindow.get(); }
@@ -108,6 +110,9 @@ class AppDelegate : public QObject, public MLCalendarViewDelegate {
   // The window that a question of a report's command hangs on.
   QWidget* asksOn() const;
   QList<QAction*> menuItems() const;
+  // Whether an item is to be enabled, where the diary's rows are counted by the question handed in.
+  bool isAllowed(const QAction* item, const std::function<bool()>& holdsData) const;
+  // One pass over all items, which counts the rows at most once.
   void validateMenus();
   void carryOut(QAction* item);
   void didEndPreferences();
@@ -122,8 +127,8 @@ class AppDelegate : public QObject, public MLCalendarViewDelegate {
   EditAnimationView* _editView;
   Popover* _calendarPopover = nullptr;
   MLCalendarView* _calendarView = nullptr;
-  PreferencesSheet* _preferencesSheet;
-  AboutPanel* _aboutPanel;
+  PreferencesSheet* _preferencesSheet = nullptr;
+  AboutPanel* _aboutPanel = nullptr;
   std::unique_ptr<HelpWindow> _helpWindow;
   std::unique_ptr<ReportWindow> _reportWindow;
   bool _isAboutRunning = false;

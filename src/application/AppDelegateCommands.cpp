@@ -7,17 +7,19 @@
 #include <QUrl>
 
 #include <algorithm>
+#include <optional>
 
 #include "application/AboutSession.h"
 #include "application/AppDelegate.h"
 #include "application/HelpWindow.h"
 #include "application/MainWindow.h"
 #include "application/PreferencesSheet.h"
-#include "controls/AboutPanel.h"
-#include "entry/MyTableView.h"
-#include "foundation/Log.h"
-#include "foundation/Paths.h"
-#include "licensing/Licensing.h"
+#include "core/foundation/Log.h"
+#include "core/foundation/Paths.h"
+#include "core/licensing/Licensing.h"
+#include "ui/controls/AboutPanel.h"
+#include "ui/controls/Relabelling.h"
+#include "ui/entry/MyTableView.h"
 #include "ui_MainWindow.h"
 
 namespace sanovia {
@@ -72,9 +74,6 @@ void AppDelegate::connectMenus() {
   for (QAbstractButton* button : {ui.bnGeneral, ui.bnPressure, ui.bnBlood, ui.bnData, ui.bnCharts})
     connect(button, &QAbstractButton::clicked, this, &AppDelegate::validateMenus);
   connect(ui.reportOutlet, &QAbstractButton::clicked, this, &AppDelegate::openReport);
-  connect(_preferencesSheet, &QDialog::finished, this, &AppDelegate::didEndPreferences);
-  connect(_aboutPanel, &AboutPanel::folderWanted, this,
-          [] { QDesktopServices::openUrl(QUrl::fromLocalFile(Paths::dataFolder())); });
   qApp->installEventFilter(this);
 }
 
@@ -87,6 +86,16 @@ QList<QAction*> AppDelegate::menuItems() const {
 }
 
 bool AppDelegate::validateMenuItem(const QAction* item) {
+  return isAllowed(item, [this] { return intervalHoldsData(); });
+}
+
+void AppDelegate::validateMenus() {
+  std::optional<bool> counted;
+  const auto holdsData = [&] { return counted ? *counted : *(counted = intervalHoldsData()); };
+  for (QAction* item : menuItems()) item->setEnabled(isAllowed(item, holdsData));
+}
+
+bool AppDelegate::isAllowed(const QAction* item, const std::function<bool()>& holdsData) const {
   const Command* command = commandOf(item);
   if (command == nullptr) return false;
   const Ui::MainWindow& ui = _window->outlets();
@@ -94,16 +103,12 @@ bool AppDelegate::validateMenuItem(const QAction* item) {
   switch (command->rule) {
     case Rule::Always: return true;
     case Rule::InTheTrialState: return Licensing::isTrial();
-    case Rule::WithData: return intervalHoldsData();
+    case Rule::WithData: return holdsData();
     case Rule::UnlessShowing:
       return tag < kFirstTypeTag ? tag != (ui.chartsScrollView->isHidden() ? 0 : 1)
                                  : tag - kFirstTypeTag != ui.chartsView->type();
   }
   return false;
-}
-
-void AppDelegate::validateMenus() {
-  for (QAction* item : menuItems()) item->setEnabled(validateMenuItem(item));
 }
 
 // A key finds its item as fresh as an opened menu shows it: the question whether somebody overrides the
@@ -133,10 +138,29 @@ void AppDelegate::viewMenuAction(const QAction* item) {
   validateMenus();
 }
 
+// The sheet and the panel are made after the launch, whose language they have missed.
+PreferencesSheet* AppDelegate::preferencesSheet() {
+  if (_preferencesSheet != nullptr) return _preferencesSheet;
+  _preferencesSheet = new PreferencesSheet(_window.get());
+  refreshLanguageInView(_preferencesSheet);
+  connect(_preferencesSheet, &QDialog::finished, this, &AppDelegate::didEndPreferences);
+  return _preferencesSheet;
+}
+
+AboutPanel* AppDelegate::aboutPanel() {
+  if (_aboutPanel != nullptr) return _aboutPanel;
+  _aboutPanel = new AboutPanel(_window.get());
+  refreshLanguageInView(_aboutPanel);
+  connect(_aboutPanel, &AboutPanel::folderWanted, this,
+          [] { QDesktopServices::openUrl(QUrl::fromLocalFile(Paths::dataFolder())); });
+  return _aboutPanel;
+}
+
 void AppDelegate::preferences() {
-  if (_preferencesSheet->isVisible()) return;
-  _preferencesSheet->checkUserDefaultData();
-  _preferencesSheet->open();
+  PreferencesSheet* sheet = preferencesSheet();
+  if (sheet->isVisible()) return;
+  sheet->checkUserDefaultData();
+  sheet->open();
 }
 
 // What was stored without a word shows with the next drawing.
@@ -160,7 +184,7 @@ void AppDelegate::displayHelp() {
 void AppDelegate::runAbout() {
   if (_isAboutRunning) return;
   _isAboutRunning = true;
-  AboutSession(_aboutPanel).run();
+  AboutSession(aboutPanel()).run();
   _isAboutRunning = false;
 }
 

@@ -4,7 +4,8 @@
 #include "application/MainWindow.h"
 #include "application/PrintJob.h"
 #include "application/ReportWindow.h"
-#include "localisation/Language.h"
+#include "application/WaitCursor.h"
+#include "core/localisation/Language.h"
 #include "report/PrintSettings.h"
 #include "report/SanoviaReport.h"
 #include "ui_MainWindow.h"
@@ -32,16 +33,21 @@ void AppDelegate::saveReport() {
   const FileQuestion question{.title = kSaveTitle,
                               .proposedName = Language::stringForKey(QStringLiteral("Untitled")),
                               .ending = kEnding};
-  Asker::shared().askFileName(asksOn(), question,
-                              [this](const QString& path) { report().createReport(path); });
+  Asker::shared().askFileName(asksOn(), question, [this](const QString& path) {
+    const WaitCursor waiting;
+    report().createReport(path);
+  });
 }
 
 void AppDelegate::print() {
-  Asker::shared().askPrinter(
-      asksOn(), [this](const PrinterChoice& choice) { printDocument(report().createReportData(), choice); });
+  Asker::shared().askPrinter(asksOn(), [this](const PrinterChoice& choice) {
+    const WaitCursor waiting;
+    printDocument(report().createReportData(), choice);
+  });
 }
 
 void AppDelegate::openReport() {
+  const WaitCursor waiting;
   const QByteArray pdf = report().createReportData();
   if (pdf.isEmpty()) return;
   if (!_reportWindow) {

@@ -2,10 +2,10 @@
 #include <QRandomGenerator>
 
 #include "application/AppDelegate.h"
-#include "database/Blood.h"
-#include "database/General.h"
-#include "database/Pressure.h"
-#include "foundation/Log.h"
+#include "core/database/Blood.h"
+#include "core/database/General.h"
+#include "core/database/Pressure.h"
+#include "core/foundation/Log.h"
 
 namespace sanovia {
 namespace {

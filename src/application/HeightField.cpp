@@ -3,7 +3,7 @@
 #include <QLocale>
 #include <QStyle>
 
-#include "localisation/Language.h"
+#include "core/localisation/Language.h"
 
 namespace sanovia {
 namespace {

@@ -7,11 +7,11 @@
 #include <QPushButton>
 #include <QTextBrowser>
 
-#include "controls/ColoredView.h"
-#include "controls/HouseStyle.h"
+#include "core/foundation/Paths.h"
+#include "core/localisation/Language.h"
 #include "drawing/Fonts.h"
-#include "foundation/Paths.h"
-#include "localisation/Language.h"
+#include "ui/controls/ColoredView.h"
+#include "ui/controls/HouseStyle.h"
 
 namespace sanovia {
 namespace {
@@ -58,7 +58,7 @@ HelpWindow::HelpWindow()
 
 QString HelpWindow::mainPage() {
   for (const QString& language : {Language::language(), Language::english()}) {
-    const QString page = QStringLiteral("%1/help/%2/main.html").arg(Paths::resourceFolder(), language);
+    QString page = QStringLiteral("%1/help/%2/main.html").arg(Paths::resourceFolder(), language);
     if (QFile::exists(page)) return page;
   }
   return {};

@@ -4,11 +4,11 @@
 #include <QIcon>
 #include <QScrollBar>
 
-#include "controls/HouseStyle.h"
-#include "controls/Relabelling.h"
-#include "controls/Scroller.h"
 #include "drawing/Fonts.h"
 #include "drawing/Palette.h"
+#include "ui/controls/HouseStyle.h"
+#include "ui/controls/Relabelling.h"
+#include "ui/controls/Scroller.h"
 #include "ui_MainWindow.h"
 
 namespace sanovia {

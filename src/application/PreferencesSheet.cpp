@@ -3,15 +3,15 @@
 #include <QCalendarWidget>
 #include <QTextCharFormat>
 
-#include "controls/HouseStyle.h"
-#include "controls/Relabelling.h"
-#include "dates/Utils.h"
+#include "core/dates/Utils.h"
+#include "core/foundation/Clock.h"
+#include "core/foundation/NotificationCenter.h"
+#include "core/foundation/TextFormat.h"
+#include "core/preferences/Preferences.h"
 #include "drawing/Fonts.h"
 #include "drawing/Palette.h"
-#include "foundation/Clock.h"
-#include "foundation/NotificationCenter.h"
-#include "foundation/TextFormat.h"
-#include "preferences/Preferences.h"
+#include "ui/controls/HouseStyle.h"
+#include "ui/controls/Relabelling.h"
 #include "ui_Preferences.h"
 
 namespace sanovia {

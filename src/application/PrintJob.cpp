@@ -3,8 +3,8 @@
 #include <cups/cups.h>
 #include <memory>
 
-#include "exchange/WholeFile.h"
-#include "foundation/Log.h"
+#include "core/foundation/Log.h"
+#include "core/foundation/WholeFile.h"
 
 namespace sanovia {
 namespace {
@@ -144,7 +144,7 @@ bool sendToPrinter(const QByteArray& pdf, const PrinterChoice& choice) {
 }
 
 bool writeToFile(const QByteArray& pdf, const QString& file) {
-  const std::optional<ExchangeError> error = writeWhole(file, pdf);
+  const std::optional<FileError> error = writeWhole(file, pdf);
   return error ? failed(error->text) : true;
 }
 

@@ -10,11 +10,11 @@
 #include <QPushButton>
 #include <QScrollBar>
 
-#include "controls/ColoredView.h"
-#include "controls/HouseStyle.h"
-#include "controls/Scroller.h"
+#include "core/localisation/Language.h"
 #include "drawing/Palette.h"
-#include "localisation/Language.h"
+#include "ui/controls/ColoredView.h"
+#include "ui/controls/HouseStyle.h"
+#include "ui/controls/Scroller.h"
 
 namespace sanovia {
 namespace {

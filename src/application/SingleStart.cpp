@@ -6,8 +6,8 @@
 #include <QStandardPaths>
 #include <QThread>
 
-#include "foundation/Log.h"
-#include "foundation/Paths.h"
+#include "core/foundation/Log.h"
+#include "core/foundation/Paths.h"
 
 namespace sanovia {
 namespace {

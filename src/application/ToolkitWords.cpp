@@ -4,7 +4,7 @@
 #include <QLibraryInfo>
 #include <QTranslator>
 
-#include "localisation/Language.h"
+#include "core/localisation/Language.h"
 
 namespace sanovia {
 

@@ -1,47 +1,18 @@
-#include "HelpText.h"
+#include "cli/HelpText.h"
 
-#include <algorithm>
-
-#include "exchange/Columns.h"
-#include "foundation/Paths.h"
+#include "core/exchange/Columns.h"
+#include "core/foundation/Paths.h"
 
 namespace sanovia {
 namespace {
 
-struct Meaning {
-  const char* column;
-  const char* text;
-};
-
-// Only the words; which columns there are, and in what order, the catalogue says.
-constexpr Meaning kMeanings[] = {
-    {"date", "the day, yyyy-MM-dd"},
-    {"temperature", "degrees Celsius"},
-    {"wellbeing", "0 (worst) to 3 (best)"},
-    {"appetite", "0 (poor) or 1 (good)"},
-    {"weight", "kilograms"},
-    {"systolic", "mmHg, whole number"},
-    {"diastolic", "mmHg, whole number"},
-    {"pulse", "beats a minute, whole number"},
-    {"ppressure", "pulse pressure: mmHg, whole number, may be below 0 but not -1"},
-    {"hemoglobin", "g/dl"},
-    {"crp", "C-reactive protein: mg/dl"},
-    {"esr", "erythrocyte sedimentation rate: mm/h"},
-    {"albumin", "g/dl"},
-    {"wbc", "white blood cells: thousands per microlitre"},
-};
-
-QString columnLine(const QString& name) {
-  const auto* meaning = std::find_if(std::begin(kMeanings), std::end(kMeanings), [&](const Meaning& entry) {
-    return name == QLatin1String(entry.column);
-  });
-  const QString text = meaning == std::end(kMeanings) ? QString() : QString::fromUtf8(meaning->text);
-  return QStringLiteral("  %1  %2\n").arg(name, -11).arg(text);
+QString columnLine(const QString& name, const char* meaning) {
+  return QStringLiteral("  %1  %2\n").arg(name, -11).arg(QString::fromUtf8(meaning));
 }
 
 QString columnLines() {
-  QString lines = columnLine(kExchangeDate);
-  for (const ExchangeColumn& column : exchangeColumns()) lines += columnLine(column.name);
+  QString lines = columnLine(kExchangeDate, "the day, yyyy-MM-dd");
+  for (const ExchangeColumn& column : exchangeColumns()) lines += columnLine(column.name, column.meaning);
   return lines;
 }
 

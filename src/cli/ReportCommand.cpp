@@ -1,19 +1,19 @@
-#include "ReportCommand.h"
+#include "cli/ReportCommand.h"
 
 #include <QFile>
 
 #include <algorithm>
 #include <optional>
 
-#include "Console.h"
-#include "dates/Utils.h"
-#include "diary/DateInterval.h"
-#include "exchange/DiaryConnection.h"
-#include "exchange/DiaryTable.h"
-#include "exchange/WholeFile.h"
-#include "foundation/Paths.h"
-#include "measures/RecordRef.h"
-#include "preferences/Preferences.h"
+#include "cli/Console.h"
+#include "core/dates/Utils.h"
+#include "core/diary/DateInterval.h"
+#include "core/exchange/DiaryConnection.h"
+#include "core/exchange/DiaryTable.h"
+#include "core/foundation/Paths.h"
+#include "core/foundation/WholeFile.h"
+#include "core/measures/RecordRef.h"
+#include "core/preferences/Preferences.h"
 #include "report/PrintSettings.h"
 #include "report/SanoviaReport.h"
 

@@ -7,12 +7,12 @@
 #include <memory>
 #include <unistd.h>
 
-#include "Console.h"
-#include "HelpText.h"
-#include "ProgressLine.h"
-#include "ReportCommand.h"
-#include "exchange/DiaryExport.h"
-#include "exchange/DiaryImport.h"
+#include "cli/Console.h"
+#include "cli/HelpText.h"
+#include "cli/ProgressLine.h"
+#include "cli/ReportCommand.h"
+#include "core/exchange/DiaryExport.h"
+#include "core/exchange/DiaryImport.h"
 
 namespace {
 
@@ -58,7 +58,7 @@ int runCommand(const Command& command, const QString& file) {
 
   const ExchangeResult result = command.run(file, options);
   write(stderr, line.clear());
-  if (const auto* error = std::get_if<ExchangeError>(&result)) return fail(Failed, error->text);
+  if (const auto* error = std::get_if<FileError>(&result)) return fail(Failed, error->text);
   say(closingText(command, file, std::get<ExchangeReport>(result)));
   return Done;
 }

@@ -9,7 +9,6 @@
 #include <memory>
 
 class QPainter;
-class QSvgRenderer;
 
 namespace sanovia {
 
@@ -17,7 +16,8 @@ class NamedImage {
  public:
   // No image.
   NamedImage();
-  // The image of that name, or no image when there is none.
+  // The image of that name, or no image when there is none. Images of one name share one drawing, which is
+  // read when it is first measured or drawn: what never shows costs nothing.
   static NamedImage named(const QString& name);
 
   bool isNull() const { return _drawing == nullptr; }
@@ -28,7 +28,8 @@ class NamedImage {
   void drawInRect(QPainter& painter, const QRectF& rect, double fraction = 1.0) const;
 
  private:
-  std::shared_ptr<QSvgRenderer> _drawing;
+  struct Drawing;
+  std::shared_ptr<Drawing> _drawing;
 };
 
 }  // namespace sanovia

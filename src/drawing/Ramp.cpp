@@ -47,8 +47,7 @@ QLinearGradient rampGradient(const Ramp& ramp, double yOfLow, double yOfHigh) {
   return gradient;
 }
 
-Ramp temperatureRamp() {
-  const Scale scale = temperature::kScale;
+Ramp temperatureRamp(const Scale& scale) {
   return {{0.0, red},
           {scale.location(temperature::kHigh), red},
           {scale.location(static_cast<double>(temperature::kNorm)), green},
@@ -79,13 +78,12 @@ Ramp bmiRamp(const Scale& scale) {
           {1.0, red}};
 }
 
-Ramp bloodRamp(const BloodScale& blood) {
-  const Scale& scale = blood.scale;
+Ramp bloodRamp(const Scale& scale, const NormBand& norm) {
   Ramp ramp;
-  if (scale.low < blood.normLow) ramp.push_back({0.0, red});
-  for (const float limit : {blood.normHigh, blood.normLow})
+  if (scale.low < norm.low) ramp.push_back({0.0, red});
+  for (const float limit : {norm.high, norm.low})
     if (scale.holds(limit)) ramp.push_back({scale.location(static_cast<double>(limit)), green});
-  if (blood.normHigh < scale.high) ramp.push_back({1.0, red});
+  if (norm.high < scale.high) ramp.push_back({1.0, red});
   return ramp;
 }
 

@@ -7,7 +7,7 @@
 
 #include <vector>
 
-#include "measures/Norms.h"
+#include "core/measures/Norms.h"
 
 namespace sanovia {
 
@@ -25,12 +25,11 @@ using Ramp = std::vector<RampStop>;
 // whose location is no number are left out.
 QLinearGradient rampGradient(const Ramp& ramp, double yOfLow, double yOfHigh);
 
-// On the fixed scale of the temperature.
-Ramp temperatureRamp();
+Ramp temperatureRamp(const Scale& scale);
 // From the worst level to the best.
 Ramp levelRamp();
 Ramp weightRamp(const Scale& scale, const NormBand& norm);
 Ramp bmiRamp(const Scale& scale);
-Ramp bloodRamp(const BloodScale& blood);
+Ramp bloodRamp(const Scale& scale, const NormBand& norm);
 
 }  // namespace sanovia

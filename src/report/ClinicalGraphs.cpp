@@ -1,9 +1,8 @@
-#include "report/ClinicalGraphs.h"
-
+// The graphs of blood pressure and of blood tests: curves before a ramp of the norm.
+#include "core/foundation/TextFormat.h"
+#include "core/localisation/Language.h"
 #include "drawing/Palette.h"
-#include "foundation/TextFormat.h"
-#include "localisation/Language.h"
-#include "measures/Norms.h"
+#include "report/Graphs.h"
 
 namespace sanovia {
 namespace {
@@ -11,8 +10,6 @@ namespace {
 constexpr PaperFont kTitleFont{10, true};
 constexpr PaperFont kPressureFont{7};
 constexpr PaperFont kBloodFont{8};
-constexpr double kHeight = 90.0;
-constexpr double kBand = 45.0;
 // How far above its arrow the value of a blood mark begins, and how far above the band's foot that of the
 // lowest mark of pressure and of blood.
 constexpr double kBloodTextAboveArrow = 2.0;
@@ -25,16 +22,10 @@ using palette::red;
 Graph graphFor(const Measure& measure, double y, PaperFont font) {
   const QString title = Language::stringForKey(QStringLiteral("reportprefix")) +
                         Language::stringForKey(QString::fromLatin1(measure.chartTitleKey));
-  return graphOf(title, kTitleFont, font, y, kHeight);
+  return graphOf(measure, title, kTitleFont, font, y);
 }
 
-template <class R, class Value>
-std::vector<CurveDay> daysOf(const std::vector<R>& records, Value R::*member) {
-  return curveDays(records, [member](const R& record) -> std::optional<double> {
-    const auto value = static_cast<double>(record.*member);
-    return value == kNotEntered ? std::nullopt : std::optional(value);
-  });
-}
+void setSeries(Graph& graph, Series series) { static_cast<Series&>(graph) = std::move(series); }
 
 QString wholeText(double value) { return QString::number(static_cast<qint64>(value)); }
 
@@ -59,59 +50,73 @@ void addPressureMarks(Graph& graph, const GraphContext& context, const Band& ban
   };
   add(true, top, top, range.high);
   if (range.holds(norm.middle)) {
-    const double arrowY = top + range.below(static_cast<double>(norm.middle), kBand);
+    const double arrowY = top + range.below(static_cast<double>(norm.middle), band.height);
     add(false, arrowY, arrowY, norm.middle);
   }
   add(true, band.bottom() - half, band.bottom() - kPressureTextAboveFoot, range.low);
 }
 
-void addBloodMarks(Graph& graph, const GraphContext& context, const Band& band, const BloodScale& blood) {
+void addBloodMarks(Graph& graph, const GraphContext& context, const Band& band, const Scale& scale,
+                   const NormBand& norm) {
   const double half = context.arrow.height() / 2;
   const auto add = [&](bool isRed, double arrowY, double textY, float value) {
     graph.marks.push_back(
         scaleMark(isRed, arrowY, textY, oneDecimal(static_cast<double>(value)), kBloodFont));
   };
   const auto addAt = [&](bool isRed, float value) {
-    const double arrowY = band.y(blood.scale, static_cast<double>(value)) - half;
+    const double arrowY = band.y(scale, static_cast<double>(value)) - half;
     add(isRed, arrowY, arrowY - kBloodTextAboveArrow, value);
   };
-  addAt(true, blood.scale.high);
-  add(true, band.bottom() - half, band.bottom() - kBloodTextAboveFoot, blood.scale.low);
-  for (const float limit : {blood.normLow, blood.normHigh})
-    if (blood.scale.holds(limit)) addAt(false, limit);
+  addAt(true, scale.high);
+  add(true, band.bottom() - half, band.bottom() - kBloodTextAboveFoot, scale.low);
+  for (const float limit : {norm.low, norm.high})
+    if (scale.holds(limit)) addAt(false, limit);
 }
 
 }  // namespace
 
-Graph pressureGraph(const GraphContext& context, const std::vector<Pressure>& pressures, double y,
-                    size_t place, qint64 age) {
-  const Measure& measure = storedMeasuresOf(RecordType::pressure)[place];
+Graph pressureGraph(const Measure& measure, const GraphContext& context, const DayValues& days, double y,
+                    const Person& person) {
   Graph graph = graphFor(measure, y, kPressureFont);
-  if (pressures.empty()) return graph;
-  const Band band = bandOf(y, kBand);
-  const NormBand norm = pressureNorm(measure, age);
-  const Scale range = pressureScale(measure, pressures, norm);
+  const std::optional<NormBand> norm = normOf(measure, person);
+  if (days.empty() || !norm) return graph;
+  const Band band = bandOf(measure, y);
+  const Scale range = pressureScale(days, *norm);
   const Scale scale = widened(range);
-  addPressureMarks(graph, context, band, range, norm);
-  addCurve(graph, context, band, daysOf(pressures, std::get<qint64 Pressure::*>(measure.member)), scale,
-           pressureRamp(scale, norm), wholeText);
-  graph.lines = {graphLine(band.y(scale, static_cast<double>(norm.middle)), palette::white)};
+  addPressureMarks(graph, context, band, range, *norm);
+  setSeries(graph, curveSeries(seriesForm(context, band, kPressureFont), days, scale,
+                               pressureRamp(scale, *norm), wholeText));
+  graph.lines = {graphLine(band.y(scale, static_cast<double>(norm->middle)), palette::white)};
   return graph;
 }
 
-Graph bloodGraph(const GraphContext& context, const std::vector<Blood>& bloods, double y, size_t place) {
-  const std::span<const Measure> measures = storedMeasuresOf(RecordType::blood);
-  const Measure& measure = measures[place < measures.size() ? place : 0];
+Graph bloodGraph(const Measure& measure, const GraphContext& context, const DayValues& days, double y,
+                 const Person& person) {
   Graph graph = graphFor(measure, y, kBloodFont);
-  if (bloods.empty()) return graph;
-  const Band band = bandOf(y, kBand);
-  const BloodScale& blood = bloodScale(measure);
-  addBloodMarks(graph, context, band, blood);
-  addCurve(graph, context, band, daysOf(bloods, std::get<float Blood::*>(measure.member)), blood.scale,
-           bloodRamp(blood), oneDecimal);
-  for (const float limit : {blood.normLow, blood.normHigh})
-    graph.lines.push_back(graphLine(band.y(blood.scale, static_cast<double>(limit)), palette::white));
+  const std::optional<NormBand> norm = normOf(measure, person);
+  if (days.empty() || !norm || !measure.scale) return graph;
+  const Band band = bandOf(measure, y);
+  const Scale& scale = *measure.scale;
+  addBloodMarks(graph, context, band, scale, *norm);
+  setSeries(graph, curveSeries(seriesForm(context, band, kBloodFont), days, scale, bloodRamp(scale, *norm),
+                               oneDecimal));
+  for (const float limit : {norm->low, norm->high})
+    graph.lines.push_back(graphLine(band.y(scale, static_cast<double>(limit)), palette::white));
   return graph;
+}
+
+Graph reportGraph(const Measure& measure, const GraphContext& context, const DayValues& days, double y,
+                  const Person& person) {
+  switch (measure.form) {
+    case ChartForm::Temperature: return temperatureGraph(measure, context, days, y);
+    case ChartForm::Wellbeing: return wellbeingGraph(measure, context, days, y);
+    case ChartForm::Appetite: return appetiteGraph(measure, context, days, y);
+    case ChartForm::Weight: return weightGraph(measure, context, days, y, person.height);
+    case ChartForm::BodyMassIndex: return bmiGraph(measure, context, days, y, person.height);
+    case ChartForm::Pressure: return pressureGraph(measure, context, days, y, person);
+    case ChartForm::Blood: break;
+  }
+  return bloodGraph(measure, context, days, y, person);
 }
 
 }  // namespace sanovia

@@ -1,8 +1,8 @@
 #include "report/DateStrip.h"
 
-#include "dates/Utils.h"
+#include "core/dates/Utils.h"
+#include "core/preferences/Preferences.h"
 #include "drawing/Palette.h"
-#include "preferences/Preferences.h"
 
 namespace sanovia {
 namespace {

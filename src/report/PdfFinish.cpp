@@ -1,237 +1,172 @@
 #include "report/PdfFinish.h"
 
-#include <QGlyphRun>
-#include <QRawFont>
-#include <QRegularExpression>
-#include <QTextLayout>
+#include <QXmlStreamWriter>
+#include <qpdf/QPDF.hh>
+#include <qpdf/QPDFWriter.hh>
+#include <qpdf/QUtil.hh>
 
-#include <algorithm>
-#include <utility>
-#include <vector>
+#include <exception>
+#include <stdexcept>
+#include <string>
 
+#include "core/foundation/Log.h"
+#include "report/DrawnTexts.h"
+#include "report/PdfSigns.h"
 #include "report/ReportDocument.h"
 
 namespace sanovia {
 namespace {
 
-constexpr qsizetype kXrefEntry = 20;  // bytes
-// Chinese radicals, in both blocks of them.
-constexpr char16_t kFirstRadical = 0x2E80;
-constexpr char16_t kLastRadical = 0x2FDF;
-// What the toolkit takes a space for.
-constexpr char16_t kTab = u'\t';
-constexpr int kHexDigits = 4;
-constexpr int kSecondsOfHour = 3600;
+using Handle = QPDFObjectHandle;
+
 constexpr int kSecondsOfMinute = 60;
 
-struct Edit {
-  qsizetype place;
-  qsizetype length;
+const QString kCreator = QStringLiteral("Sanovia");
+const QString kRdf = QStringLiteral("http://www.w3.org/1999/02/22-rdf-syntax-ns#");
+const QString kDublinCore = QStringLiteral("http://purl.org/dc/elements/1.1/");
+const QString kXmp = QStringLiteral("http://ns.adobe.com/xap/1.0/");
+const QString kPdf = QStringLiteral("http://ns.adobe.com/pdf/1.3/");
+
+QString producer() { return QStringLiteral("Qt ") + QString::fromLatin1(qVersion()); }
+
+Handle textString(const QString& text) { return Handle::newUnicodeString(text.toStdString()); }
+
+// The minutes count westward there.
+QUtil::QPDFTime timeOf(const QDateTime& moment) {
+  const QDate day = moment.date();
+  const QTime time = moment.time();
+  return {day.year(),
+          day.month(),
+          day.day(),
+          time.hour(),
+          time.minute(),
+          time.second(),
+          -moment.offsetFromUtc() / kSecondsOfMinute};
+}
+
+// <dc:title><rdf:Alt><rdf:li>...</rdf:li></rdf:Alt></dc:title>
+void writeList(QXmlStreamWriter& xml, const QString& name, const QString& list, const QString& text) {
+  xml.writeStartElement(kDublinCore, name);
+  xml.writeStartElement(kRdf, list);
+  xml.writeStartElement(kRdf, QStringLiteral("li"));
+  if (list == QStringLiteral("Alt"))
+    xml.writeAttribute(QStringLiteral("xml:lang"), QStringLiteral("x-default"));
+  xml.writeCharacters(text);
+  for (int i = 0; i < 3; ++i) xml.writeEndElement();
+}
+
+void writeDescription(QXmlStreamWriter& xml, const DocumentInfo& info) {
+  xml.writeStartElement(kRdf, QStringLiteral("Description"));
+  xml.writeAttribute(kRdf, QStringLiteral("about"), QString());
+  xml.writeTextElement(kDublinCore, QStringLiteral("format"), QStringLiteral("application/pdf"));
+  writeList(xml, QStringLiteral("title"), QStringLiteral("Alt"), info.title);
+  writeList(xml, QStringLiteral("description"), QStringLiteral("Alt"), info.subject);
+  writeList(xml, QStringLiteral("language"), QStringLiteral("Bag"), info.language);
+  xml.writeTextElement(kXmp, QStringLiteral("CreatorTool"), kCreator);
+  xml.writeTextElement(kXmp, QStringLiteral("CreateDate"),
+                       QString::fromStdString(QUtil::qpdf_time_to_iso8601(timeOf(info.created))));
+  xml.writeTextElement(kPdf, QStringLiteral("Producer"), producer());
+  xml.writeEndElement();
+}
+
+QByteArray metadata(const DocumentInfo& info) {
+  const QString packet = QStringLiteral("xpacket");
+  const QString adobe = QStringLiteral("adobe:ns:meta/");
   QByteArray bytes;
-};
-
-// A text in the form that holds all signs: UTF-16 in hexadecimal digits.
-QByteArray textString(const QString& text) {
-  QByteArray digits("<FEFF");
-  for (const QChar sign : text)
-    digits += QByteArray::number(sign.unicode(), 16).rightJustified(kHexDigits, '0');
-  return digits + '>';
+  QXmlStreamWriter xml(&bytes);
+  xml.writeProcessingInstruction(packet, QStringLiteral("begin=\"\uFEFF\" id=\"W5M0MpCehiHzreSzNTczkc9d\""));
+  xml.writeNamespace(adobe, QStringLiteral("x"));
+  xml.writeStartElement(adobe, QStringLiteral("xmpmeta"));
+  xml.writeNamespace(kRdf, QStringLiteral("rdf"));
+  xml.writeNamespace(kDublinCore, QStringLiteral("dc"));
+  xml.writeNamespace(kXmp, QStringLiteral("xmp"));
+  xml.writeNamespace(kPdf, QStringLiteral("pdf"));
+  xml.writeStartElement(kRdf, QStringLiteral("RDF"));
+  writeDescription(xml, info);
+  xml.writeEndElement();
+  xml.writeEndElement();
+  xml.writeProcessingInstruction(packet, QStringLiteral("end=\"w\""));
+  return bytes;
 }
 
-QByteArray dateString(const QDateTime& date) {
-  const int offset = date.offsetFromUtc();
-  const int minutes = std::abs(offset) % kSecondsOfHour / kSecondsOfMinute;
-  const QString zone = QStringLiteral("%1%2'%3'")
-                           .arg(QLatin1Char(offset < 0 ? '-' : '+'))
-                           .arg(std::abs(offset) / kSecondsOfHour, 2, 10, QLatin1Char('0'))
-                           .arg(minutes, 2, 10, QLatin1Char('0'));
-  return "(D:" + (QLocale::c().toString(date, QStringLiteral("yyyyMMddHHmmss")) + zone).toLatin1() + ')';
+void replaceInfo(QPDF& document, const DocumentInfo& info) {
+  Handle entries = Handle::newDictionary();
+  entries.replaceKey("/Title", textString(info.title));
+  entries.replaceKey("/Subject", textString(info.subject));
+  entries.replaceKey("/Creator", textString(kCreator));
+  entries.replaceKey("/Producer", textString(producer()));
+  entries.replaceKey("/CreationDate", Handle::newString(QUtil::qpdf_time_to_pdf_time(timeOf(info.created))));
+  document.getTrailer().replaceKey("/Info", document.makeIndirectObject(entries));
 }
 
-QString allRadicals() {
-  QString radicals;
-  for (char16_t sign = kFirstRadical; sign <= kLastRadical; ++sign) radicals += QChar(sign);
-  return radicals;
+void describe(QPDF& document, const DocumentInfo& info) {
+  Handle stream = Handle::newStream(&document, metadata(info).toStdString());
+  stream.getDict().replaceKey("/Type", Handle::newName("/Metadata"));
+  stream.getDict().replaceKey("/Subtype", Handle::newName("/XML"));
+  Handle root = document.getRoot();
+  root.replaceKey("/Metadata", stream);
+  root.replaceKey("/Lang", Handle::newString(info.language.toStdString()));
+  root.replaceKey("/ViewerPreferences", Handle::parse("<< /DisplayDocTitle true >>"));
 }
 
-// What is drawn for a sign, and in which face the font has it; glyph 0 when it has none.
-std::pair<QRawFont, quint32> glyphOf(QChar sign, const QFont& font) {
-  QTextLayout layout(QString(sign), font);
-  layout.beginLayout();
-  layout.createLine();
-  layout.endLayout();
-  const QList<QGlyphRun> runs = layout.glyphRuns();
-  if (runs.size() != 1 || runs.first().glyphIndexes().size() != 1) return {};
-  return {runs.first().rawFont(), runs.first().glyphIndexes().first()};
+// In the order in which they were first drawn with, since an object gets its number when it is first named.
+std::vector<Handle> fontsOf(QPDF& document) {
+  std::vector<Handle> fonts;
+  for (Handle object : document.getAllObjects())
+    if (object.isDictionaryOfType("/Font", "/Type0")) fonts.push_back(object);
+  return fonts;
 }
 
-class Finisher {
- public:
-  Finisher(const QByteArray& bytes, const DocumentInfo& info, const TypedSigns& signs)
-      : _bytes(bytes), _info(info), _typedSigns(signs) {}
+// A font, the one that it is made of, and its description carry one name.
+void rename(Handle font) {
+  Handle descendant = font.getKey("/DescendantFonts").getArrayItem(0);
+  const Handle name = descendant.getKey("/FontDescriptor").getKey("/FontName");
+  font.replaceKey("/BaseFont", name);
+  descendant.replaceKey("/BaseFont", name);
+}
 
-  QByteArray finished() {
-    if (!readObjects()) return _bytes;
-    const qsizetype infoObject = reference(_trailer, "/Info ");
-    const qsizetype root = reference(_trailer, "/Root ");
-    if (!isObject(infoObject) || !isObject(root)) return _bytes;
-    replaceInfo(infoObject);
-    describe(root);
-    for (qsizetype object = 1; object < std::ssize(_places); ++object) finishFont(object);
-    return edited();
+void finishFonts(QPDF& document, const std::vector<TypedFace>& faces) {
+  const std::vector<Handle> fonts = fontsOf(document);
+  const bool areKnown = fonts.size() == faces.size();
+  if (!areKnown) logLine(QStringLiteral("report: its fonts are not those that were drawn with"));
+  for (size_t i = 0; i < fonts.size(); ++i) {
+    rename(fonts[i]);
+    Handle map = Handle(fonts[i]).getKey("/ToUnicode");
+    writeSigns(map, typedSigns(readSigns(map), areKnown ? faces[i] : TypedFace()));
   }
+}
 
- private:
-  // Where each object begins; the one after the last is the table of objects itself.
-  bool readObjects() {
-    static const QRegularExpression form(QStringLiteral("startxref\n(\\d+) ?\n%%EOF\n?$"));
-    const QRegularExpressionMatch end = form.match(QString::fromLatin1(_bytes.right(40)));
-    _table = end.hasMatch() ? end.captured(1).toLongLong() : -1;
-    if (_table < 0 || _table >= _bytes.size() || !_bytes.sliced(_table).startsWith("xref\n0 ")) return false;
-    const qsizetype count = _bytes.mid(_table + 7, 12).split('\n').first().toLongLong();
-    _firstEntry = _bytes.indexOf('\n', _table + 7) + 1;
-    if (count < 2 || _firstEntry + count * kXrefEntry > _bytes.size()) return false;
-    for (qsizetype object = 0; object < count; ++object)
-      _places.push_back(_bytes.mid(_firstEntry + object * kXrefEntry, 10).toLongLong());
-    _trailer = _bytes.mid(_firstEntry + count * kXrefEntry);
-    _ends = _places;
-    _ends.push_back(_table);
-    std::sort(_ends.begin(), _ends.end());
-    return std::all_of(_places.begin(), _places.end(),
-                       [this](qsizetype at) { return 0 <= at && at < _table; });
-  }
+QByteArray bytesOf(QPDF& document) {
+  QPDFWriter writer(document);
+  writer.setOutputMemory();
+  writer.setDeterministicID(true);
+  writer.write();
+  const auto buffer = writer.getBufferSharedPointer();
+  return {reinterpret_cast<const char*>(buffer->getBuffer()), static_cast<qsizetype>(buffer->getSize())};
+}
 
-  bool isObject(qsizetype object) const { return object > 0 && object < std::ssize(_places); }
-
-  QByteArray object(qsizetype number) const {
-    const qsizetype place = _places[static_cast<size_t>(number)];
-    return _bytes.sliced(place, *std::upper_bound(_ends.begin(), _ends.end(), place) - place);
-  }
-
-  // The number of the object that stands after the key; -1 when there is none.
-  static qsizetype reference(const QByteArray& text, const char* key) {
-    const qsizetype at = text.indexOf(key);
-    return at < 0 ? -1 : text.mid(at + qstrlen(key), 12).split(' ').first().toLongLong();
-  }
-
-  void replaceInfo(qsizetype number) {
-    const qsizetype place = _places[static_cast<size_t>(number)];
-    const QByteArray producer = "Qt " + QByteArray(qVersion());
-    _edits.push_back({place, object(number).size(),
-                      QByteArray::number(number) + " 0 obj\n<<\n/Title " + textString(_info.title) +
-                          "\n/Subject " + textString(_info.subject) + "\n/Creator (Sanovia)\n/Producer (" +
-                          producer + ")\n/CreationDate " + dateString(_info.created) + "\n>>\nendobj\n"});
-  }
-
-  void describe(qsizetype root) {
-    const qsizetype begin = object(root).indexOf("<<");
-    if (begin < 0) return;
-    _edits.push_back(
-        {_places[static_cast<size_t>(root)] + begin + 2, 0,
-         "\n/Lang (" + _info.language.toLatin1() + ")\n/ViewerPreferences << /DisplayDocTitle true >>"});
-  }
-
-  // A font, the one that it is made of, and its description carry one name.
-  void finishFont(qsizetype number) {
-    const QByteArray font = object(number);
-    if (!font.contains("/Subtype /Type0\n") || font.contains("stream\n")) return;
-    const qsizetype descendant = reference(font, "/DescendantFonts [");
-    const qsizetype signs = reference(font, "/ToUnicode ");
-    if (!isObject(descendant) || !isObject(signs)) return;
-    const qsizetype description = reference(object(descendant), "/FontDescriptor ");
-    if (!isObject(description)) return;
-    const QByteArray name = wordAfter(object(description), "/FontName ");
-    for (const qsizetype named : {number, descendant}) rename(named, name);
-    finishSigns(signs);
-  }
-
-  static QByteArray wordAfter(const QByteArray& text, const char* key) {
-    const qsizetype at = text.indexOf(key);
-    if (at < 0) return {};
-    const qsizetype begin = at + static_cast<qsizetype>(qstrlen(key));
-    return text.sliced(begin, text.indexOf('\n', begin) - begin);
-  }
-
-  void rename(qsizetype number, const QByteArray& name) {
-    constexpr char kKey[] = "/BaseFont ";
-    const QByteArray text = object(number);
-    const QByteArray old = wordAfter(text, kKey);
-    if (name.isEmpty() || old.isEmpty()) return;
-    const qsizetype at = text.indexOf(kKey) + static_cast<qsizetype>(qstrlen(kKey));
-    _edits.push_back({_places[static_cast<size_t>(number)] + at, old.size(), name});
-  }
-
-  // The signs of the glyphs stand in lists: [<0041> <0042> ].
-  void finishSigns(qsizetype number) {
-    const QByteArray text = object(number);
-    bool isInList = false;
-    for (qsizetype i = 0; i + kHexDigits + 1 < text.size(); ++i) {
-      if (text[i] == '[') isInList = true;
-      if (text[i] == ']') isInList = false;
-      if (!isInList || text[i] != '<' || text[i + kHexDigits + 1] != '>') continue;
-      const auto sign = static_cast<char16_t>(text.sliced(i + 1, kHexDigits).toUShort(nullptr, 16));
-      const char16_t typed = sign == kTab ? u' ' : _typedSigns.value(sign, sign);
-      if (typed != sign)
-        _edits.push_back({_places[static_cast<size_t>(number)] + i + 1, kHexDigits,
-                          QByteArray::number(typed, 16).rightJustified(kHexDigits, '0')});
-    }
-  }
-
-  QByteArray edited() {
-    std::sort(_edits.begin(), _edits.end(), [](const Edit& a, const Edit& b) { return a.place < b.place; });
-    QByteArray result;
-    result.reserve(_bytes.size() + 4096);
-    qsizetype from = 0;
-    for (const Edit& edit : _edits) {
-      result += _bytes.sliced(from, edit.place - from);
-      result += edit.bytes;
-      from = edit.place + edit.length;
-    }
-    result += _bytes.sliced(from, _firstEntry - from);
-    for (size_t i = 0; i < _places.size(); ++i)
-      result += QByteArray::number(i == 0 ? _places[i] : moved(_places[i])).rightJustified(10, '0') +
-                (i == 0 ? " 65535 f \n" : " 00000 n \n");
-    return result + _trailer.left(_trailer.indexOf("startxref")) + "startxref\n" +
-           QByteArray::number(moved(_table)) + "\n%%EOF\n";
-  }
-
-  // Where a place of before is after the edits. Objects begin where no edit does but one that replaces them.
-  qsizetype moved(qsizetype place) const {
-    qsizetype by = 0;
-    for (const Edit& edit : _edits) {
-      if (edit.place >= place) break;
-      by += edit.bytes.size() - edit.length;
-    }
-    return place + by;
-  }
-
-  const QByteArray& _bytes;
-  const DocumentInfo& _info;
-  const TypedSigns& _typedSigns;
-  qsizetype _table = -1;
-  qsizetype _firstEntry = -1;
-  QByteArray _trailer;
-  std::vector<qsizetype> _places;
-  std::vector<qsizetype> _ends;
-  std::vector<Edit> _edits;
-};
+QByteArray finished(const QByteArray& bytes, const DocumentInfo& info, const std::vector<TypedFace>& faces) {
+  QPDF document;
+  document.setSuppressWarnings(true);
+  document.setAttemptRecovery(false);
+  document.processMemoryFile("report", bytes.constData(), static_cast<size_t>(bytes.size()));
+  replaceInfo(document, info);
+  describe(document, info);
+  finishFonts(document, faces);
+  if (document.anyWarnings()) throw std::runtime_error(document.getWarnings().front().what());
+  return bytesOf(document);
+}
 
 }  // namespace
 
-TypedSigns typedSigns(const QString& text, const QFont& font) {
-  TypedSigns signs;
-  for (const QChar sign : text) {
-    if (sign.unicode() <= kLastRadical || sign.isSurrogate()) continue;
-    const auto [face, glyph] = glyphOf(sign, font);
-    const QList<quint32> radicals = face.glyphIndexesForString(allRadicals());
-    const qsizetype place = glyph == 0 ? -1 : radicals.indexOf(glyph);
-    if (place >= 0) signs.insert(static_cast<char16_t>(kFirstRadical + place), sign.unicode());
+QByteArray finishedPdf(const QByteArray& bytes, const DocumentInfo& info,
+                       const std::vector<TypedFace>& faces) {
+  try {
+    return finished(bytes, info, faces);
+  } catch (const std::exception& fault) {
+    logLine(QStringLiteral("report not finished: ") + QString::fromLocal8Bit(fault.what()));
+    return bytes;
   }
-  return signs;
-}
-
-QByteArray finishedPdf(const QByteArray& bytes, const DocumentInfo& info, const TypedSigns& signs) {
-  return Finisher(bytes, info, signs).finished();
 }
 
 }  // namespace sanovia

@@ -24,9 +24,9 @@ void ReportDocument::beginPage(const QPageSize& size) {
     _painter.begin(&_writer);
 }
 
-QByteArray ReportDocument::bytes(const TypedSigns& signs) {
+QByteArray ReportDocument::bytes(const std::vector<TypedFace>& faces) {
   _painter.end();
-  return finishedPdf(_bytes, _info, signs);
+  return finishedPdf(_bytes, _info, faces);
 }
 
 }  // namespace sanovia

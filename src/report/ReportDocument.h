@@ -29,9 +29,8 @@ class ReportDocument {
   // Of the page that was begun last.
   QPainter& painter() { return _painter; }
 
-  // Closes the document, which can then not be painted on any more. The signs are those that the toolkit does
-  // not name as they are typed.
-  QByteArray bytes(const TypedSigns& signs);
+  // Closes the document, which can then not be painted on any more. The faces are those of all texts in it.
+  QByteArray bytes(const std::vector<TypedFace>& faces);
 
  private:
   DocumentInfo _info;

@@ -2,6 +2,7 @@
 
 #include <QPainter>
 
+#include "drawing/CutDot.h"
 #include "drawing/Palette.h"
 #include "report/FineScale.h"
 
@@ -9,10 +10,11 @@ namespace sanovia {
 namespace {
 
 constexpr double kArrowShare = 0.5;
+// Right of a dot's middle its edge falls by no more than a printer's dot up to 0.8; no printer has finer ones
+// than 0.05.
+constexpr DotMeasure kDot{.radius = kDotRadius, .straightEdge = 0.8, .leastSpace = 0.05};
 
 QPen penOf(QColor color, double width) { return {color, width, Qt::SolidLine, Qt::FlatCap}; }
-
-constexpr char16_t kLastLatin = 0x024F;
 
 }  // namespace
 
@@ -35,16 +37,14 @@ void ReportPainter::drawStrip(const DateStrip& strip) {
   _painter.setPen(palette::darkGray);
   for (const StripBlock& block : strip.blocks) {
     _painter.fillRect(block.rect.normalized(), block.color);
-    if (block.text.text.isNull()) continue;
-    note(block.text.text);
-    drawBlockText(_painter, block.text);
+    drawBlock(block.text);
   }
 }
 
 void ReportPainter::drawGraph(const Graph& graph) {
   drawText(graph.title);
   for (const GraphMark& mark : graph.marks) drawMark(mark);
-  for (const TextMark& label : graph.rowLabels) drawText(label);
+  for (const RowWord& row : graph.rowLabels) drawText({row.word, row.at, graph.font});
   drawDays(graph);
   drawLabels(graph);
   drawCurve(graph);
@@ -62,10 +62,14 @@ void ReportPainter::drawDays(const Graph& graph) {
   QList<QRectF> ramps;
   QList<QRectF> redRows;
   QList<QRectF> greenRows;
-  for (const DayMarks& day : graph.days) {
-    if (day.ramp != day.block) blocks.append(day.block);
-    if (!day.ramp.isEmpty()) ramps.append(day.ramp);
-    if (!day.row.isEmpty()) (day.rowColor == palette::red ? redRows : greenRows).append(day.row);
+  for (const DayPlan& day : graph.days) {
+    if (day.filledWith != DayPlan::Fill::Graded || day.fill != day.block) blocks.append(day.block);
+    switch (day.filledWith) {
+      case DayPlan::Fill::Graded: ramps.append(day.fill); break;
+      case DayPlan::Fill::Red: redRows.append(day.fill); break;
+      case DayPlan::Fill::Green: greenRows.append(day.fill); break;
+      case DayPlan::Fill::Nothing: break;
+    }
   }
   const FineScale scale(_painter);
   scale.fill(blocks, palette::blockGrey);
@@ -78,17 +82,19 @@ void ReportPainter::drawDays(const Graph& graph) {
 void ReportPainter::drawLabels(const Graph& graph) {
   useFont(graph.font);
   _painter.setPen(palette::black);
-  for (const DayMarks& day : graph.days)
-    if (!day.label.text.isNull()) drawBlockText(_painter, day.label);
+  for (const BlockText& label : graph.labels) drawBlock(label);
 }
 
 void ReportPainter::drawCurve(const Graph& graph) {
-  const VisibleCurve curve = visibleCurve(graph.days);
+  const VisibleDots dots = visibleDots(graph.days, 0, graph.days.size(), kDot);
+  QList<QLineF> lines;
+  for (const DayPlan& day : graph.days)
+    if (day.line) lines.append(*day.line);
   const FineScale scale(_painter);
-  scale.fill(curve.cutDots, palette::darkGray);
-  scale.fill(curve.stretches, palette::darkGray);
-  scale.drawDots(curve.dots, palette::darkGray);
-  scale.drawLines(curve.lines, palette::darkGray, kThinLine);
+  scale.fill(dots.cut, palette::darkGray);
+  scale.fill(dots.stretches, palette::darkGray);
+  scale.drawDots(dots.whole, palette::darkGray);
+  scale.drawLines(lines, palette::darkGray, kThinLine);
 }
 
 void ReportPainter::drawMark(const GraphMark& mark) {
@@ -106,7 +112,7 @@ void ReportPainter::drawTable(const TablePage& table) {
 
 void ReportPainter::drawText(const TextMark& mark) {
   if (mark.text.isNull()) return;
-  note(mark.text);
+  _drawnTexts.note(mark.text, mark.font);
   useFont(mark.font);
   _painter.setPen(mark.color);
   _painter.drawText(mark.at + QPointF(0, _text.ascent(mark.font)), mark.text);
@@ -118,9 +124,11 @@ void ReportPainter::useFont(PaperFont font) {
   _painter.setFont(_text.font(font));
 }
 
-void ReportPainter::note(const QString& text) {
-  for (const QChar sign : text)
-    if (sign.unicode() > kLastLatin && !_drawnSigns.contains(sign)) _drawnSigns += sign;
+// In the font that is in use.
+void ReportPainter::drawBlock(const BlockText& block) {
+  if (block.text.isNull()) return;
+  _drawnTexts.note(block.text, *_font);
+  drawBlockText(_painter, block);
 }
 
 void ReportPainter::drawTrial(const PageTrialMark& trial) {

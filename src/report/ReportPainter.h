@@ -2,6 +2,7 @@
 #pragma once
 
 #include "drawing/NamedImage.h"
+#include "report/DrawnTexts.h"
 #include "report/ReportSection.h"
 
 class QPainter;
@@ -20,13 +21,12 @@ class ReportPainter {
   void drawText(const TextMark& mark);
   void drawTrial(const PageTrialMark& trial);
 
-  // The signs of other than Latin writing that were drawn, each once.
-  const QString& drawnSigns() const { return _drawnSigns; }
+  const DrawnTexts& drawnTexts() const { return _drawnTexts; }
 
  private:
   // The toolkit looks for a font anew whenever it is set.
   void useFont(PaperFont font);
-  void note(const QString& text);
+  void drawBlock(const BlockText& text);
   void drawStrip(const DateStrip& strip);
   void drawGraph(const Graph& graph);
   void drawDays(const Graph& graph);
@@ -40,7 +40,7 @@ class ReportPainter {
   NamedImage _greyArrow;
   QSizeF _arrowSize;
   std::optional<PaperFont> _font;
-  QString _drawnSigns;
+  DrawnTexts _drawnTexts;
 };
 
 }  // namespace sanovia

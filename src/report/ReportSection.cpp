@@ -1,11 +1,10 @@
 #include "report/ReportSection.h"
 
-#include "dates/Utils.h"
-#include "foundation/TextFormat.h"
-#include "localisation/Language.h"
-#include "preferences/Preferences.h"
-#include "report/ClinicalGraphs.h"
-#include "report/GeneralGraphs.h"
+#include "core/dates/Utils.h"
+#include "core/foundation/TextFormat.h"
+#include "core/localisation/Language.h"
+#include "core/preferences/Preferences.h"
+#include "report/Graphs.h"
 
 namespace sanovia {
 namespace {
@@ -60,38 +59,17 @@ double addTitle(std::vector<TextMark>& head, qint64 recordType, const ReportSubj
   return y + kTitleFont.size;
 }
 
-double tableY(const ReportSection& section) { return section.graphs.back().nextY + kRoomAboveTable; }
-
-void layOut(ReportSection& section, const std::vector<General>& records, const ReportSubject& subject,
+template <class Record>
+void layOut(ReportSection& section, qint64 recordType, const ReportSubject& subject,
             const GraphContext& context) {
-  std::vector<Graph>& graphs = section.graphs;
-  graphs.push_back(temperatureGraph(context, records, section.strip.nextY));
-  graphs.push_back(wellbeingGraph(context, records, graphs.back().nextY));
-  graphs.push_back(appetiteGraph(context, records, graphs.back().nextY));
-  graphs.push_back(weightGraph(context, records, graphs.back().nextY, subject.height));
-  if (subject.hasHeight()) graphs.push_back(bmiGraph(context, records, graphs.back().nextY, subject.height));
-  section.table = generalTable(records, subject.tableDates, tableY(section), subject.height, context.text);
-}
-
-void layOut(ReportSection& section, const std::vector<Pressure>& records, const ReportSubject& subject,
-            const GraphContext& context) {
-  const qint64 age = Utils::age(subject.birthday);
+  const std::vector<Record> records = subject.series.records<Record>();
   double y = section.strip.nextY;
-  for (size_t i = 0; i < storedMeasuresOf(RecordType::pressure).size(); ++i) {
-    section.graphs.push_back(pressureGraph(context, records, y, i, age));
+  for (const Measure& measure : measuresOf(recordType, subject.person.height != kUnknownHeight)) {
+    section.graphs.push_back(reportGraph(measure, context, dayValues(measure, records), y, subject.person));
     y = section.graphs.back().nextY;
   }
-  section.table = pressureTable(records, subject.tableDates, tableY(section), age, context.text);
-}
-
-void layOut(ReportSection& section, const std::vector<Blood>& records, const ReportSubject& subject,
-            const GraphContext& context) {
-  double y = section.strip.nextY;
-  for (size_t i = 0; i < storedMeasuresOf(RecordType::blood).size(); ++i) {
-    section.graphs.push_back(bloodGraph(context, records, y, i));
-    y = section.graphs.back().nextY;
-  }
-  section.table = bloodTable(records, subject.tableDates, tableY(section), context.text);
+  section.table = reportTable(recordType, std::span<const Record>(records), subject.tableDates,
+                              y + kRoomAboveTable, subject.person, context.text);
 }
 
 }  // namespace
@@ -104,9 +82,9 @@ ReportSection reportSection(qint64 recordType, const ReportSubject& subject, con
   y = addTitle(section.head, recordType, subject, y, context.text);
   section.strip = dateStrip(subject.series.days(), context.columns, y, context.text);
   switch (recordType) {
-    case RecordType::general: layOut(section, subject.series.records<General>(), subject, context); break;
-    case RecordType::pressure: layOut(section, subject.series.records<Pressure>(), subject, context); break;
-    default: layOut(section, subject.series.records<Blood>(), subject, context); break;
+    case RecordType::general: layOut<General>(section, recordType, subject, context); break;
+    case RecordType::pressure: layOut<Pressure>(section, recordType, subject, context); break;
+    default: layOut<Blood>(section, recordType, subject, context); break;
   }
   return section;
 }

@@ -4,8 +4,8 @@
 
 #include <QDateTime>
 
-#include "diary/DateSeries.h"
-#include "measures/RecordRef.h"
+#include "core/diary/DateSeries.h"
+#include "core/measures/RecordRef.h"
 #include "report/DateStrip.h"
 #include "report/Graph.h"
 #include "report/ReportTable.h"
@@ -19,10 +19,8 @@ struct ReportSubject {
   QStringList tableDates;
   QString name;        // null when none is known
   QDateTime birthday;  // invalid when none is known
-  float height;        // in metres, -1 when none is known
+  Person person;
   bool isTrial;
-
-  bool hasHeight() const { return height != kNoHeight; }
 };
 
 struct ReportSection {

@@ -1,10 +1,9 @@
 #include "report/ReportTable.h"
 
-#include "dates/Utils.h"
+#include "core/dates/Utils.h"
+#include "core/foundation/TextFormat.h"
+#include "core/localisation/Language.h"
 #include "drawing/Palette.h"
-#include "foundation/TextFormat.h"
-#include "localisation/Language.h"
-#include "measures/Norms.h"
 #include "report/TableFrame.h"
 
 namespace sanovia {
@@ -19,86 +18,94 @@ constexpr double kBoldBelow = 36.0;
 constexpr double kRedFrom = 37.0;
 constexpr double kRedBelow = 35.5;
 
-constexpr qint64 kBestWellbeing = 3;
-constexpr double kLowIndex = 18.5;
-constexpr double kHighIndex = 25.0;
-constexpr double kLowPulsePressure = 30.0;
-constexpr double kHighPulsePressure = 100.0;
+constexpr double kBestWellbeing = 3;
 
-// A range of values in the norm, both limits included.
-struct Range {
-  double low;
-  double high;
-  bool holds(double value) const { return low <= value && value <= high; }
-};
+using Limits = ReportPlace::Limits;
 
-// What is printed below the title is the scale of the graph. The limits are held in double precision, which
-// a value that is stored in single precision need not meet.
-struct BloodColumn {
-  float Blood::*member;
-  const char* scale;
-  Range norm;
-  double raised;
-};
+bool holds(const Limits& limits, double value) { return limits.low <= value && value <= limits.high; }
 
-constexpr double kNoLimit = 0.0;  // negative values are not written
-constexpr BloodColumn kBloodColumns[] = {
-    {&Blood::hemoglobin, "7 - 16", {12.0, 14.0}, 0}, {&Blood::crp, "0 - 5", {kNoLimit, 1.0}, 0},
-    {&Blood::esp, "0 - 50", {15.0, 30.0}, 0},        {&Blood::albumin, "2 - 7", {3.4, 5.4}, 0},
-    {&Blood::wbc, "3 - 20", {4.0, 10.0}, 3.0},
-};
-
-QString titleOf(const Measure& measure) {
-  return Language::stringForKey(QString::fromLatin1(measure.chartTitleKey));
-}
-
-std::vector<TableHeading> headingsOf(qint64 recordType, bool hasHeight) {
-  std::vector<TableHeading> headings;
-  for (const Measure& measure : measuresOf(recordType, hasHeight)) headings.push_back({titleOf(measure)});
-  return headings;
-}
-
-// Bold and red when it is out of the range; empty for a negative value.
-TableCell cellOf(double value, const Range& range) {
-  if (value < 0) return {};
-  const bool isIn = range.holds(value);
-  return {oneDecimal(value), !isIn, isIn ? palette::black : palette::red};
+// The limits of what stays black, in double precision, which a value that is stored in single precision need
+// not meet. Those of the weight are those of the index: without a height they are those of a person of one
+// metre.
+Limits limitsOf(const Measure& row, const Person& person) {
+  const double height = static_cast<double>(person.height);
+  const NormRule& index = measure(MeasureId::BodyMassIndex).norm;
+  if (row.form == ChartForm::Weight) return {index.low * height * height, index.high * height * height};
+  if (row.report.tableLimits) return *row.report.tableLimits;
+  if (row.norm.of == NormRule::Of::Everybody) return {row.norm.low, row.norm.high};
+  const NormBand norm = normOf(row, person).value_or(NormBand{});
+  return {static_cast<double>(norm.low), static_cast<double>(norm.high)};
 }
 
 TableCell temperatureCell(double degrees) {
-  if (degrees < 0) return {};
   return {oneDecimal(degrees), degrees > kBoldAbove || degrees < kBoldBelow,
           degrees >= kRedFrom || degrees < kRedBelow ? palette::red : kDark};
 }
 
-TableCell wellbeingCell(qint64 wellbeing) {
-  if (wellbeing < 0) return {};
-  return {Language::entryForKey(QStringLiteral("general_array1"), kBestWellbeing - wellbeing), wellbeing > 0,
-          wellbeing == kBestWellbeing ? palette::red : palette::black};
+TableCell wellbeingCell(double wellbeing) {
+  return {
+      Language::entryForKey(QStringLiteral("general_array1"), static_cast<int>(kBestWellbeing - wellbeing)),
+      wellbeing > 0, wellbeing == kBestWellbeing ? palette::red : palette::black};
 }
 
 // A value that was not entered reads as a low one.
-TableCell appetiteCell(qint64 appetite) {
+TableCell appetiteCell(double appetite) {
   const bool isLow = appetite <= 0;
   return {Language::entryForKey(QStringLiteral("fistula_array"), isLow ? 1 : 0), isLow,
           isLow ? palette::red : kDark};
 }
 
-// Without a height the limits are those of a person of one metre.
-TableCell weightCell(double weight, double height) {
-  if (weight < 0) return {};
-  const bool isOut = weight > kHighIndex * height * height || weight < kLowIndex * height * height;
-  return {oneDecimal(weight), false, isOut ? palette::red : palette::black};
+// Out of the limits it is red, and bold where that is asked for.
+TableCell limitedCell(double value, const Limits& limits, bool isBoldOutside) {
+  const bool isIn = holds(limits, value);
+  return {oneDecimal(value), isBoldOutside && !isIn, isIn ? palette::black : palette::red};
 }
 
-TableCell indexCell(double weight, double height) {
-  if (weight < 0 || !(height * height > 0)) return {};
-  const double index = weight / (height * height);
-  return {oneDecimal(index), false, index > kHighIndex || index < kLowIndex ? palette::red : palette::black};
-}
+// The cells of one measure, a row each. Negative values are not written.
+class Column {
+ public:
+  Column(const Measure& measure, std::vector<DayValue> days, const Person& person)
+      : _form(measure.form),
+        _days(std::move(days)),
+        _limits(limitsOf(measure, person)),
+        _height(static_cast<double>(person.height)) {}
 
-Range rangeOf(const ChartValue& norm) {
-  return {static_cast<double>(norm.min()), static_cast<double>(norm.max())};
+  TableCell cell(size_t row) const {
+    const double value = _days[row].value.value_or(kNotEntered);
+    if (_form == ChartForm::Appetite) return appetiteCell(value);
+    if (value < 0) return {};
+    switch (_form) {
+      case ChartForm::Temperature: return temperatureCell(value);
+      case ChartForm::Wellbeing: return wellbeingCell(value);
+      case ChartForm::Weight: return limitedCell(value, _limits, false);
+      case ChartForm::BodyMassIndex: return indexCell(value);
+      default: return limitedCell(value, _limits, true);
+    }
+  }
+
+ private:
+  TableCell indexCell(double weight) const {
+    const double square = _height * _height;
+    return square > 0 ? limitedCell(weight / square, _limits, false) : TableCell();
+  }
+
+  ChartForm _form;
+  std::vector<DayValue> _days;
+  Limits _limits;
+  double _height;
+};
+
+// What is printed below the title of a blood test is the scale of its graph.
+TableHeading headingOf(const Measure& measure) {
+  const bool hasScale = measure.form == ChartForm::Blood && measure.scale;
+  const auto scale = [&] {
+    return QStringLiteral("%1 - %2")
+        .arg(static_cast<double>(measure.scale->low))
+        .arg(static_cast<double>(measure.scale->high));
+  };
+  return {.title = Language::stringForKey(QString::fromLatin1(measure.chartTitleKey)),
+          .scale = hasScale ? scale() : QString(),
+          .raised = measure.report.headingRaised};
 }
 
 }  // namespace
@@ -111,53 +118,29 @@ QStringList tableDates(const QStringList& days) {
   return dates;
 }
 
-std::vector<TablePage> generalTable(std::span<const General> generals, const QStringList& dates, double y,
-                                    float height, const PaperText& text) {
-  const bool hasHeight = height != kNoHeight;
-  const std::vector<TableHeading> headings = headingsOf(RecordType::general, hasHeight);
-  return TableFrame(headings, y, text).rows(dates, [&](size_t row) -> std::vector<TableCell> {
-    const General& general = generals[row];
-    if (general.pk < 0) return {};
-    const auto metres = static_cast<double>(height);
-    std::vector<TableCell> cells{temperatureCell(general.temperature), wellbeingCell(general.wellbeing),
-                                 appetiteCell(general.appetite), weightCell(general.weight, metres)};
-    if (hasHeight) cells.push_back(indexCell(general.weight, metres));
-    return cells;
-  });
-}
-
-std::vector<TablePage> pressureTable(std::span<const Pressure> pressures, const QStringList& dates, double y,
-                                     qint64 age, const PaperText& text) {
-  const Range systolic = rangeOf(Utils::pressureForAge(age, true));
-  const Range diastolic = rangeOf(Utils::pressureForAge(age, false));
-  const Range pulse = rangeOf(Utils::pulseForAge(static_cast<float>(age)));
-  const std::vector<TableHeading> headings = headingsOf(RecordType::pressure, false);
-  return TableFrame(headings, y, text).rows(dates, [&](size_t row) -> std::vector<TableCell> {
-    const Pressure& pressure = pressures[row];
-    if (pressure.pk < 0) return {};
-    const auto cell = [](qint64 value, const Range& range) {
-      return cellOf(static_cast<double>(value), range);
-    };
-    return {cell(pressure.systolic, systolic), cell(pressure.diastolic, diastolic),
-            cell(pressure.pulse, pulse), cell(pressure.ppressure, {kLowPulsePressure, kHighPulsePressure})};
-  });
-}
-
-std::vector<TablePage> bloodTable(std::span<const Blood> bloods, const QStringList& dates, double y,
-                                  const PaperText& text) {
-  std::vector<TableHeading> headings = headingsOf(RecordType::blood, false);
-  for (size_t i = 0; i < headings.size(); ++i) {
-    headings[i].scale = QString::fromLatin1(kBloodColumns[i].scale);
-    headings[i].raised = kBloodColumns[i].raised;
+template <class Record>
+std::vector<TablePage> reportTable(qint64 recordType, std::span<const Record> records,
+                                   const QStringList& dates, double y, const Person& person,
+                                   const PaperText& text) {
+  std::vector<TableHeading> headings;
+  std::vector<Column> columns;
+  for (const Measure& measure : measuresOf(recordType, person.height != kUnknownHeight)) {
+    headings.push_back(headingOf(measure));
+    columns.emplace_back(measure, dayValues(measure, records), person);
   }
   return TableFrame(headings, y, text).rows(dates, [&](size_t row) {
-    const Blood& blood = bloods[row];
     std::vector<TableCell> cells;
-    if (blood.pk < 0) return cells;
-    for (const BloodColumn& column : kBloodColumns)
-      cells.push_back(cellOf(static_cast<double>(blood.*column.member), column.norm));
+    if (records[row].pk < 0) return cells;
+    for (const Column& column : columns) cells.push_back(column.cell(row));
     return cells;
   });
 }
+
+template std::vector<TablePage> reportTable(qint64, std::span<const General>, const QStringList&, double,
+                                            const Person&, const PaperText&);
+template std::vector<TablePage> reportTable(qint64, std::span<const Pressure>, const QStringList&, double,
+                                            const Person&, const PaperText&);
+template std::vector<TablePage> reportTable(qint64, std::span<const Blood>, const QStringList&, double,
+                                            const Person&, const PaperText&);
 
 }  // namespace sanovia

@@ -8,13 +8,10 @@
 #include <span>
 #include <vector>
 
-#include "measures/RecordRef.h"
+#include "core/measures/Norms.h"
 #include "report/PaperText.h"
 
 namespace sanovia {
-
-// The height of a person of whom it is not known.
-inline constexpr float kNoHeight = -1.0F;
 
 struct TablePage {
   std::vector<QRectF> stripes;
@@ -25,13 +22,10 @@ struct TablePage {
 // The days' texts as the first column shows them, one for each record.
 QStringList tableDates(const QStringList& days);
 
-// The person's height in metres, -1 for an unknown one, in which case there is no column for the index.
-std::vector<TablePage> generalTable(std::span<const General> generals, const QStringList& dates, double y,
-                                    float height, const PaperText& text);
-// The age in years, -1 for an unknown one.
-std::vector<TablePage> pressureTable(std::span<const Pressure> pressures, const QStringList& dates, double y,
-                                     qint64 age, const PaperText& text);
-std::vector<TablePage> bloodTable(std::span<const Blood> bloods, const QStringList& dates, double y,
-                                  const PaperText& text);
+// The table of a kind: a column for each of its measures, that of the index only when the height is known.
+template <class Record>
+std::vector<TablePage> reportTable(qint64 recordType, std::span<const Record> records,
+                                   const QStringList& dates, double y, const Person& person,
+                                   const PaperText& text);
 
 }  // namespace sanovia

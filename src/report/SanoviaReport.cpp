@@ -1,13 +1,13 @@
 #include "report/SanoviaReport.h"
 
-#include "database/DBManager.h"
-#include "dates/Utils.h"
-#include "exchange/WholeFile.h"
-#include "foundation/Clock.h"
-#include "foundation/Log.h"
-#include "licensing/Licensing.h"
-#include "localisation/Language.h"
-#include "preferences/Preferences.h"
+#include "core/database/DBManager.h"
+#include "core/dates/Utils.h"
+#include "core/foundation/Clock.h"
+#include "core/foundation/Log.h"
+#include "core/foundation/WholeFile.h"
+#include "core/licensing/Licensing.h"
+#include "core/localisation/Language.h"
+#include "core/preferences/Preferences.h"
 #include "report/PrintSettings.h"
 #include "report/ReportDocument.h"
 #include "report/ReportPainter.h"
@@ -18,8 +18,6 @@ namespace {
 
 // From this number of days between its ends on a report has no values below its graphs.
 constexpr qint64 kDaysWithoutValues = 100;
-// Any: the faces have the same signs at every size.
-constexpr int kFontOfSigns = 9;
 
 // By the calendar, so that a day that the clocks shorten is a day.
 qint64 daysBetween(const QDateTime& from, const QDateTime& to) {
@@ -75,10 +73,10 @@ QList<qint64> SanoviaReport::sections() const {
   return sections;
 }
 
-std::optional<ExchangeError> SanoviaReport::createReport(const QString& path) {
+std::optional<FileError> SanoviaReport::createReport(const QString& path) {
   const QByteArray bytes = createData(savedPage());
   if (bytes.isEmpty()) return std::nullopt;
-  std::optional<ExchangeError> error = writeWhole(path, bytes);
+  std::optional<FileError> error = writeWhole(path, bytes);
   if (error) logLine(QStringLiteral("report not written: ") + error->text);
   return error;
 }
@@ -94,7 +92,7 @@ QByteArray SanoviaReport::createData(const QPageSize& firstPage) {
                               .tableDates = tableDates(_series.days()),
                               .name = Preferences::name(),
                               .birthday = Preferences::birthday(),
-                              .height = Preferences::height(),
+                              .person = personOfPreferences(),
                               .isTrial = Licensing::isTrial()};
   ReportDocument document(infoOf(kinds, _interval));
   ReportPainter painter(document.painter(), text);
@@ -115,7 +113,7 @@ QByteArray SanoviaReport::createData(const QPageSize& firstPage) {
       endPage();
     }
   }
-  return document.bytes(typedSigns(painter.drawnSigns(), text.font(PaperFont{kFontOfSigns})));
+  return document.bytes(painter.drawnTexts().faces(text));
 }
 
 }  // namespace sanovia

@@ -9,8 +9,8 @@
 
 #include <optional>
 
-#include "diary/DateSeries.h"
-#include "exchange/Exchange.h"
+#include "core/diary/DateSeries.h"
+#include "core/exchange/Exchange.h"
 #include "report/ReportPage.h"
 
 namespace sanovia {
@@ -26,7 +26,7 @@ class SanoviaReport {
 
   // Writes the report to the file, all of it or, on a failure, nothing; one line of the log tells of the
   // failure, and so does the result. Does nothing when there is nothing to report.
-  std::optional<ExchangeError> createReport(const QString& path);
+  std::optional<FileError> createReport(const QString& path);
 
   // The report for the printer, whose first pages have the size of the paper too; empty when there is
   // nothing to report.

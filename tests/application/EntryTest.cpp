@@ -1,143 +1,78 @@
-// From the table into the panel and back, in the real window.
-#include <QTest>
-
-#include "application/AppDelegate.h"
-#include "application/MainWindow.h"
-#include "charts/ChartsView.h"
-#include "controls/BaseColoredButton.h"
-#include "entry/EditAnimationView.h"
-#include "entry/MyTableView.h"
-#include "support/TestHome.h"
-#include "ui_MainWindow.h"
+// From the table and the charts into the panel and back, in the real window.
+#include "support/LaunchedHome.h"
+#include "ui/controls/BaseColoredButton.h"
 
 namespace sanovia::test {
 namespace {
 
-class Entry : public TestHome {
- protected:
-  Entry() {
-    delegate.applicationWillFinishLaunching();
-    delegate.window()->show();
-    delegate.applicationDidFinishLaunching();
-    delegate.window()->activateWindow();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(delegate.window()));
-  }
-  void openRow(int row) {
-    table().selectRow(row);
-    QTest::keyClick(&table(), Qt::Key_Return);
-    EXPECT_TRUE(QTest::qWaitFor([this] { return panel().opened(); }));
-  }
-  void waitUntilShut() {
-    EXPECT_TRUE(QTest::qWaitFor([this] { return !panel().opened() && !panel().isAnimating(); }));
-  }
-  QString cell(int row, int column) { return table().model()->index(row, column).data().toString(); }
+using namespace Qt::StringLiterals;
 
-  AppDelegate delegate;
-  Ui::MainWindow& ui() { return delegate.window()->outlets(); }
-  MyTableView& table() { return *ui().dataView->getTable(); }
-  EditAnimationView& panel() { return *delegate.editView(); }
+class Entry : public LaunchedHome {
+ protected:
+  Entry() { launch(); }
   int menus() { return ui().menuBar->height(); }
 };
 
 TEST_F(Entry, TakesAValueAndShowsItInTheTable) {
-  openRow(0);
+  editRow(0);
+  ASSERT_TRUE(waitForPanel(true));
   EXPECT_TRUE(ui().dataView->isHidden());
   EXPECT_EQ(panel().geometry(), QRect(0, 120, 800, 680 - menus()));
-  EXPECT_EQ(ui().toolsView->geometry(), QRect(0, 0, 800, 120)) << "the strip stays where it is";
   EXPECT_TRUE(panel().hasFocus());
-  panel().buttonOf(602)->click();
-  QTest::keyClick(&panel(), Qt::Key_Return);
-  QTest::keyClick(&panel(), Qt::Key_Escape);
-  waitUntilShut();
-  EXPECT_FALSE(ui().dataView->isHidden());
-  EXPECT_TRUE(table().hasFocus());
-  EXPECT_EQ(cell(0, 3), QStringLiteral("Good"));
-  EXPECT_TRUE(ui().reportOutlet->isEnabled()) << "the report follows every save";
-  EXPECT_EQ(query(QStringLiteral("SELECT gdate FROM general")), texts({"2026-11-15"}));
-}
-
-TEST_F(Entry, WritesNothingByOpeningAndClosing) {
-  openRow(3);
-  panel().closeButton()->click();
-  waitUntilShut();
-  EXPECT_EQ(query(QStringLiteral("SELECT count(*) FROM general")), texts({"0"}));
-  EXPECT_FALSE(ui().reportOutlet->isEnabled());
-}
-
-TEST_F(Entry, KeepsThePanelInItsPlaceWhileTheWindowIsResized) {
-  openRow(0);
-  delegate.window()->resize(1100, 1000);
+  delegate->window()->resize(1100, 1000);
   QCoreApplication::processEvents();
   EXPECT_EQ(panel().geometry(), QRect(0, 120, 1100, 880 - menus()));
-  panel().animate();
-  delegate.window()->resize(900, 900);
-  waitUntilShut();
-  EXPECT_EQ(panel().geometry(), QRect(0, 900 - menus(), 900, 780 - menus()));
-}
-
-TEST_F(Entry, ShutsThePanelWhenItsDayIsAboutToGo) {
-  openRow(0);
+  EXPECT_EQ(query(u"SELECT gdate FROM general"_s), QStringList()) << "nothing is written by itself";
   panel().buttonOf(602)->click();
-  delegate.saveStartDate(localTime(QStringLiteral("2026-11-10T00:00:00")));
-  panel().buttonOf(602)->click();  // too late: the record has left the lists
-  waitUntilShut();
-  EXPECT_FALSE(ui().dataView->isHidden());
-  EXPECT_EQ(cell(0, 3), QStringLiteral("Good"));
-  EXPECT_EQ(query(QStringLiteral("SELECT wellbeing FROM general")), texts({"2"}));
-  openRow(1);
-  ui().bnBlood->click();
-  waitUntilShut();
-  EXPECT_FALSE(ui().dataView->isHidden());
-  EXPECT_EQ(panel().type(), 2);
+  QTest::keyClick(&panel(), Qt::Key_Escape);
+  ASSERT_TRUE(waitForPanel(false));
+  EXPECT_TRUE(table().isVisible() && table().hasFocus());
+  EXPECT_EQ(cell(0, 3), u"Good"_s);
+  EXPECT_TRUE(ui().reportOutlet->isEnabled()) << "the report follows every save";
+  EXPECT_EQ(query(u"SELECT gdate FROM general"_s), texts({"2026-11-15"}));
 }
 
-TEST_F(Entry, DoesNotStayOpenOnARecordOfAnotherKindOrInterval) {
-  const auto change = [this](bool kind) {
-    if (kind)
-      ui().bnPressure->click();
-    else
-      delegate.saveStartDate(localTime(QStringLiteral("2026-11-10T00:00:00")));
+// The record leaves the lists, or another view shows: a panel that is open, or still rising, takes no more.
+TEST_F(Entry, ShutsThePanelBeforeItsDayGoesOrTheViewChanges) {
+  const std::function<void()> changes[] = {
+      [this] { delegate->saveStartDate(at("2026-11-10T00:00:00")); },
+      [this] { delegate->saveEndDate(at("2026-11-14T00:00:00")); },
+      [this] { ui().bnPressure->click(); },
+      [this] { ui().bnCharts->click(); },
   };
-  for (const bool kind : {true, false}) {
-    table().selectRow(0);
-    QTest::keyClick(&table(), Qt::Key_Return);
-    ASSERT_TRUE(panel().isAnimating()) << "still on its way";
-    change(kind);
-    panel().buttonOf(601)->click();
-    waitUntilShut();
-    EXPECT_FALSE(ui().dataView->isHidden());
-  }
-  for (const char* kind : {"general", "pressure", "blood"})
-    EXPECT_EQ(query(QStringLiteral("SELECT count(*) FROM %1").arg(QString::fromLatin1(kind))), texts({"0"}));
+  for (const auto& change : changes)
+    for (const bool isRisen : {true, false}) {
+      SCOPED_TRACE(testing::Message() << &change - changes << isRisen);
+      const bool isDayLeaving = &change - changes < 2;
+      execute(u"DELETE FROM general"_s);
+      editRow(1);
+      if (isRisen) {
+        ASSERT_TRUE(waitForPanel(true));
+        panel().buttonOf(602)->click();
+      }
+      change();
+      if (isDayLeaving || !isRisen) panel().buttonOf(602)->click();  // too late
+      ASSERT_TRUE(waitForPanel(false));
+      EXPECT_EQ(query(u"SELECT wellbeing FROM general"_s), isRisen ? texts({"2"}) : QStringList());
+      EXPECT_EQ(ui().dataView->isHidden(), ui().bnCharts->isChecked());
+      delegate->saveEndDate(at("2026-11-15T00:00:00"));
+      ui().bnGeneral->click();
+      ui().bnData->click();
+    }
 }
 
 TEST_F(Entry, FromTheChartsItComesAndGoesOverTheCharts) {
   ui().bnCharts->click();
   ui().chartsView->selectDay(15);
   QTest::keyClick(ui().chartsView, Qt::Key_Return);
-  EXPECT_TRUE(QTest::qWaitFor([this] { return panel().opened(); }));
+  ASSERT_TRUE(waitForPanel(true));
   EXPECT_EQ(panel().data(), ui().chartsView->dataAtIndex(14));
   panel().buttonOf(602)->click();
   QTest::keyClick(&panel(), Qt::Key_Escape);
-  waitUntilShut();
+  ASSERT_TRUE(waitForPanel(false));
   EXPECT_TRUE(ui().chartsView->hasFocus());
   EXPECT_TRUE(ui().dataView->isHidden());
-  EXPECT_EQ(ui().chartsView->dayText(102, 15), QStringLiteral("11/15/2026: Good"));
-}
-
-TEST_F(Entry, ASwitchWhileThePanelRisesSendsItBack) {
-  for (QAbstractButton* const mode : std::initializer_list<QAbstractButton*>{ui().bnCharts, ui().bnData}) {
-    ui().bnData->click();
-    waitUntilShut();
-    table().selectRow(0);
-    QTest::keyClick(&table(), Qt::Key_Return);
-    EXPECT_TRUE(panel().isAnimating());
-    mode->click();
-    EXPECT_TRUE(QTest::qWaitFor([this] { return panel().opened(); }));
-    waitUntilShut();
-    EXPECT_EQ(ui().dataView->isHidden(), mode == ui().bnCharts);
-    EXPECT_EQ(ui().chartsScrollView->isHidden(), mode == ui().bnData);
-  }
+  EXPECT_EQ(ui().chartsView->dayText(102, 15), u"11/15/2026: Good"_s);
 }
 
 }  // namespace

@@ -4,12 +4,11 @@
 #include <QDir>
 #include <QFile>
 
-#include "SampleDiary.h"
-#include "database/DBManager.h"
-#include "exchange/Columns.h"
-#include "exchange/DiaryExport.h"
-#include "exchange/DiaryImport.h"
-#include "foundation/Paths.h"
+#include "core/database/DBManager.h"
+#include "core/exchange/Columns.h"
+#include "core/exchange/DiaryExport.h"
+#include "core/exchange/DiaryImport.h"
+#include "core/foundation/Paths.h"
 #include "support/TestHome.h"
 
 namespace sanovia::test {
@@ -17,20 +16,9 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-std::vector<ExchangeDay> daysOf(const QByteArray& csv) {
-  const ParsedDays parsed = parseDays(csv);
-  if (const auto* days = std::get_if<std::vector<ExchangeDay>>(&parsed)) return *days;
-  ADD_FAILURE() << qPrintable(faultText(std::get<ParseFault>(parsed))) << " in " << csv.constData();
-  return {};
-}
-
-std::optional<double> valueOf(const ExchangeDay& day, const char* column) {
-  return day.values.at(exchangePlace(QString::fromLatin1(column)).value());
-}
-
 // The failure's text; empty after a success.
 QString errorOf(const ExchangeResult& result) {
-  const auto* error = std::get_if<ExchangeError>(&result);
+  const auto* error = std::get_if<FileError>(&result);
   return error == nullptr ? QString() : error->text;
 }
 
@@ -58,11 +46,6 @@ class Exchange : public TestHome {
     }
     return list;
   }
-
-  void removeDiary() {
-    restart();
-    QFile::remove(Paths::databaseFile());
-  }
 };
 
 TEST_F(Exchange, ReadsWhatSpreadsheetsWrite) {
@@ -75,13 +58,13 @@ TEST_F(Exchange, ReadsWhatSpreadsheetsWrite) {
       "\n \n Systolic , DATE,\"Temperature\" \n\n 1.2e2 , 2026-01-02 , \"36.6\" \n\n",
       "temperature,wbc,date,systolic,crp\n\"\r\n36.6 \",,2026-01-02,120\n,,,,\n",
   };
+  const QStringList read = texts({"general 0 '2026-01-02' 3.659999847412109375e+01 -1 -1 -1.0",
+                                  "pressure -1 '2026-01-02' 120 -1 -1 -1"});
   for (const QByteArray& csv : files) {
-    const std::vector<ExchangeDay> days = daysOf(csv);
-    ASSERT_EQ(days.size(), 1U) << csv.constData();
-    EXPECT_EQ(days[0].date, u"2026-01-02"_s);
-    EXPECT_EQ(valueOf(days[0], "temperature"), 36.6) << csv.constData();
-    EXPECT_EQ(valueOf(days[0], "systolic"), 120.0) << csv.constData();
-    EXPECT_EQ(valueOf(days[0], "crp"), std::nullopt);
+    QFile::remove(Paths::databaseFile());
+    restart();
+    EXPECT_EQ(import(csv), QString()) << csv.constData();
+    EXPECT_EQ(rows(), read) << csv.constData();
   }
 }
 
@@ -93,7 +76,6 @@ TEST_F(Exchange, NamesLineAndColumnOfAFaultAndStoresNothing) {
   const QByteArray head = "date,temperature,appetite,pulse,ppressure\n2026-01-01,36.5,1,60,40\n";
   const std::pair<QByteArray, const char*> cases[] = {
       {head + "2026-01-02,nan\n", R"(line 3, column temperature: "nan" is no number)"},
-      {head + "2026-01-02,0x24\n", R"(line 3, column temperature: "0x24" is no number)"},
       {head + "2026-01-02,1e999\n", R"(line 3, column temperature: "1e999" is above 3.4028234663852886e+38)"},
       {head + "2026-01-02,-0.5\n", R"(line 3, column temperature: "-0.5" is below 0)"},
       {head + "2026-01-02,,2\n", R"(line 3, column appetite: "2" is above 1)"},
@@ -102,7 +84,6 @@ TEST_F(Exchange, NamesLineAndColumnOfAFaultAndStoresNothing) {
       {head + "2026-01-02,,,,-1.0\n",
        R"(line 3, column ppressure: "-1.0" would mean "not entered"; leave the cell empty for that)"},
       {head + "2026-02-29,36\n", R"(line 3, column date: "2026-02-29" is no date of the form yyyy-MM-dd)"},
-      {head + "2026/02/03,36\n", R"(line 3, column date: "2026/02/03" is no date of the form yyyy-MM-dd)"},
       {head + "\n,36\n", "line 4, column date: is empty"},
       {head + "2026-01-02,36\n2026-01-01,37\n", R"(line 4, column date: "2026-01-01" stands in line 2 too)"},
       {head + "2026-01-02,1,1,1,1,1\n", "line 3: 6 cells, but the header has 5 columns"},
@@ -114,7 +95,6 @@ TEST_F(Exchange, NamesLineAndColumnOfAFaultAndStoresNothing) {
       {"date,pulse, Pulse\n", "line 1, column pulse: stands twice in the header"},
       {"date,pulse,\n", "line 1: a column without a name"},
       {"\npulse\n60\n", "line 2, column date: is missing in the header"},
-      {"", "line 1, column date: is missing in the header"},
       {"date\n2026-01-02\xFF\n", "is no UTF-8 text"},
   };
   for (const auto& [csv, message] : cases)
@@ -122,11 +102,11 @@ TEST_F(Exchange, NamesLineAndColumnOfAFaultAndStoresNothing) {
   EXPECT_EQ(rows(), stored);
 }
 
-TEST_F(Exchange, GivesEveryRowBackExactly) {
+TEST_F(Exchange, GivesEveryRowBackAndWritesSinglesShort) {
   DBManager::sharedInstance();
   execute(
       u"INSERT INTO general (user_pk, gdate, temperature, wellbeing, appetite, weight) VALUES "
-      "(0, '2026-01-03', 36.599998474121094, 0, 1, 72.8), (0, '2026-01-02', -1, 3, -1, 1e-7), "
+      "(0, '2026-01-03', 36.599998474121094, 0, 1, 72.80000305175781), (0, '2026-01-02', -1, 3, -1, 1e-7), "
       "(0, '2026-01-04', 1234567, -1, -1, 3.4028234663852886e38)"_s);
   execute(
       u"INSERT INTO pressure (user_pk, pdate, systolic, diastolic, pulse, ppressure) VALUES "
@@ -141,17 +121,22 @@ TEST_F(Exchange, GivesEveryRowBackExactly) {
             "date,temperature,wellbeing,appetite,weight,systolic,diastolic,pulse,ppressure,hemoglobin,crp,"
             "esr,albumin,wbc\r\n"
             "2026-01-02,,3,,1e-07,,,,,,,,,\r\n"
-            "2026-01-03,36.599998474121094,0,1,72.8,2147483647,0,,-2147483648,0.10000000149011612,0.1,"
+            "2026-01-03,36.6,0,1,72.80000305175781,2147483647,0,,-2147483648,0.1,0.1,"
             "0.30000000000000004,100000,\r\n"
             "2026-01-04,1234567,,,3.4028234663852886e+38,,,,,,,,,\r\n"
             "2026-01-05,,,,,80,87,70,-7,,,,,\r\n");
-  removeDiary();
+  restart();
+  QFile::remove(Paths::databaseFile());
   EXPECT_EQ(import(csv), QString());
-  EXPECT_EQ(rows(), before);
+  // A number that reads like a single is one from now on, as if it had been entered in the panel.
+  const QString single = query(u"SELECT quote(0.10000000149011612)"_s).first();
+  QStringList after = rows();
+  EXPECT_EQ(after.replaceInStrings(single + u' ' + single, single + u" 0.1"_s), before);
+  EXPECT_EQ(exported(), csv);
 }
 
 TEST_F(Exchange, ExportTakesTheFirstRowOfADateAndLeavesOutRowsWithoutADay) {
-  EXPECT_EQ(exported().count('\n'), 1) << "an empty diary gives the header alone";
+  DBManager::sharedInstance();
   execute(
       u"INSERT INTO pressure (pk, pdate, systolic, pulse) VALUES (9, '2026-01-02', 130, 71), "
       "(4, '2026-01-02', 120, NULL), (5, '', 140, 72), (6, NULL, 140, 72)"_s);
@@ -171,9 +156,8 @@ TEST_F(Exchange, ImportKeepsWhatTheFileDoesNotGive) {
   execute(
       u"INSERT INTO general (pk, user_pk, gdate, temperature, wellbeing, appetite, weight) VALUES "
       "(8, 5, '2026-01-02', 37.5, 1, 1, 80), (3, 5, '2026-01-02', 36.5, 2, 1, NULL)"_s);
-  std::vector<std::pair<qint64, qint64>> steps;
-  const ExchangeOptions options = {
-      .progress = [&](qint64 done, qint64 total) { steps.emplace_back(done, total); }};
+  qint64 steps = 0;
+  const ExchangeOptions options = {.progress = [&](qint64 done, qint64) { steps += done; }};
   EXPECT_EQ(
       import("date,wellbeing,weight,pulse,esr\n2026-01-02,,79.9,60,\n2026-01-03,,,,\n2026-01-04,0,,,9.5\n",
              options),
@@ -181,9 +165,7 @@ TEST_F(Exchange, ImportKeepsWhatTheFileDoesNotGive) {
   EXPECT_EQ(rows(), texts({"general 5 '2026-01-02' 36.5 2 1 79.9", "general 5 '2026-01-02' 37.5 1 1 80.0",
                            "general 0 '2026-01-04' -1.0 0 -1 -1.0", "pressure -1 '2026-01-02' -1 -1 60 -1",
                            "blood -1 '2026-01-04' -1.0 -1.0 9.5 -1.0 -1.0"}));
-  EXPECT_EQ(steps, (decltype(steps){{1, 3}, {2, 3}, {3, 3}}));
-  exportDiary(file(u"out.csv"_s), options);
-  EXPECT_EQ(std::tuple(steps.size(), steps.back()), std::tuple(8U, std::pair(qint64(5), qint64(5))));
+  EXPECT_EQ(steps, 1 + 2 + 3) << "each of the three lines is told";
 }
 
 TEST_F(Exchange, AFailureHalfWayLeavesTheOldDiary) {
@@ -207,32 +189,13 @@ TEST_F(Exchange, TellsWhatIsWrongWithTheDiary) {
     EXPECT_EQ(import(csv, {.patience = 30}), path + u": database is locked"_s);
     EXPECT_EQ(errorOf(exportDiary(out, {.patience = 30})), path + u": database is locked"_s);
   }
-  // A file in a format of the future may be read, but nobody may write it.
-  QByteArray bytes = bytesOf(path);
-  bytes[18] = 3;
-  writeBytes(path, bytes);
-  EXPECT_EQ(import(csv), path + u": attempt to write a readonly database"_s);
-  EXPECT_EQ(exported().count('\n'), 1);
-
-  writeBytes(path, QByteArray(100, 'x') + bytes.sliced(100));
+  writeBytes(path, QByteArray(100, 'x') + bytesOf(path).sliced(100));
   EXPECT_EQ(import(csv), path + u": file is not a database"_s);
   EXPECT_EQ(errorOf(exportDiary(out)), path + u": file is not a database"_s);
   EXPECT_EQ(bytesOf(out), "kept") << "the old file stays when an export fails";
 
-  writeBytes(path, {});
-  EXPECT_EQ(import(csv), path + u": no such table: general"_s);
   ASSERT_TRUE(QDir(Paths::dataFolder()).removeRecursively());
   EXPECT_EQ(import(csv), path + u": unable to open database file"_s);
-}
-
-TEST_F(Exchange, TheSampleDiaryIsOneAndHasTwoFullWeeks) {
-  const QByteArray csv = sampleDiary(QDate(2026, 11, 15));
-  const std::vector<ExchangeDay> days = daysOf(csv);
-  EXPECT_EQ(days.front().date, u"2025-11-16"_s);
-  for (size_t i = days.size() - 14; i < days.size(); ++i)
-    EXPECT_TRUE(valueOf(days[i], "pulse") && valueOf(days[i], "weight"));
-  ASSERT_EQ(import(csv), QString());
-  EXPECT_EQ(exported(), csv);
 }
 
 }  // namespace

@@ -4,10 +4,10 @@
 
 #include <cstdio>
 
-#include "controls/BaseColoredButton.h"
-#include "database/DBManager.h"
-#include "entry/EditAnimationView.h"
-#include "preferences/Preferences.h"
+#include "core/database/DBManager.h"
+#include "core/preferences/Preferences.h"
+#include "ui/controls/BaseColoredButton.h"
+#include "ui/entry/EditAnimationView.h"
 
 int main(int argc, char** argv) {
   using namespace sanovia;

@@ -1,104 +1,93 @@
-// The pages of the help in the toolkit's own browser, which is what opens them: every language tells the
-// same, and no link, picture or style leads nowhere.
-#include <QFile>
+// The help: its pages, which tell the same in every language and have no link, picture or style that leads
+// nowhere, and the window around them.
+#include <QPushButton>
 #include <QRegularExpression>
-#include <QTextBlock>
 #include <QTextBrowser>
 
-#include "localisation/Language.h"
-#include "support/TestHome.h"
+#include "application/HelpWindow.h"
+#include "core/foundation/Paths.h"
+#include "core/localisation/Language.h"
+#include "support/LaunchedHome.h"
 
 namespace sanovia::test {
 namespace {
 
 using namespace Qt::StringLiterals;
 
-constexpr int kWindowWidth = 720;
-const char* const kLanguages[] = {"en", "ru", "de", "es", "zh"};
-
-// Keeps the names of what it was asked for in vain.
-class Browser : public QTextBrowser {
- public:
-  QVariant loadResource(int type, const QUrl& name) override {
-    const QVariant resource = QTextBrowser::loadResource(type, name);
-    loaded.append(name.toString());
-    if (resource.toByteArray().isEmpty()) missing.append(name.toString());
-    return resource;
-  }
-  QStringList loaded;
-  QStringList missing;
-};
-
-struct Page {
-  QList<int> headings;  // their levels
-  QSet<QString> anchors;
-  QStringList links;
-  int pictures = 0;
-  qreal width = 0;
-};
-
-Page contentsOf(QTextDocument& document) {
-  Page page;
-  for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
-    if (block.blockFormat().headingLevel() > 0) page.headings.append(block.blockFormat().headingLevel());
-    for (auto part = block.begin(); !part.atEnd(); ++part) {
-      const QTextCharFormat format = part.fragment().charFormat();
-      for (const QString& name : format.anchorNames()) page.anchors.insert(name);
-      if (!format.anchorHref().isEmpty()) page.links.append(format.anchorHref());
-      if (format.isImageFormat()) ++page.pictures;
-    }
-  }
-  page.width = document.idealWidth();
-  return page;
+// What the pages of all languages have in common, in its order: headings, links, pictures and their widths.
+QStringList outlineOf(const QString& html) {
+  static const QRegularExpression part(u"<h\\d|(?:href|src|width)=\"[^\"]*"_s);
+  QStringList outline;
+  for (auto parts = part.globalMatch(html); parts.hasNext();) outline.append(parts.next().captured());
+  return outline;
 }
 
-class HelpTest : public TestHome {
+class Help : public LaunchedHome {
  protected:
-  Page open(const char* language) {
-    Language::setLanguage(QString::fromLatin1(language));
-    Browser browser;
-    browser.resize(kWindowWidth, kWindowWidth);
-    browser.setSource(QUrl(u"qrc"_s + pageOf(language)));
-    browser.document()->setTextWidth(kWindowWidth);
-    EXPECT_TRUE(browser.missing.isEmpty()) << browser.missing.join(u' ').toStdString();
-    EXPECT_EQ(browser.loaded.filter(u".css"_s).size(), 1);
-    return contentsOf(*browser.document());
-  }
-  static QString pageOf(const char* language) {
-    return u":/help/%1/main.html"_s.arg(Language::folderForLanguageCode(QString::fromLatin1(language)));
+  void writePage(const char* page, const char* html) {
+    writeBytes(file(u"res/help/"_s + QLatin1String(page)), html);
   }
 };
-
-TEST_F(HelpTest, EveryLanguageTellsTheSame) {
-  const Page english = open("en");
-  EXPECT_GE(english.headings.size(), 10);
-  EXPECT_GE(english.pictures, 5);
-  for (const char* language : kLanguages) {
-    const Page page = open(language);
-    EXPECT_EQ(page.headings, english.headings) << language;
-    EXPECT_EQ(page.links, english.links) << language;
-    EXPECT_EQ(page.pictures, english.pictures) << language;
-    EXPECT_LE(page.width, kWindowWidth) << language;
-    for (const QString& link : page.links) {
-      EXPECT_TRUE(link.startsWith(u'#')) << link.toStdString() << " leads out of the page";
-      EXPECT_TRUE(page.anchors.contains(link.mid(1))) << language << link.toStdString();
-    }
-  }
-}
 
 // A page of the wrong language, or a button that the program calls by another name, sends people astray.
-TEST_F(HelpTest, NamesTheButtonsAsTheProgramDoes) {
-  for (const char* language : kLanguages) {
-    open(language);
-    QFile file(pageOf(language));
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    const QString html = QString::fromUtf8(file.readAll()).replace(QRegularExpression(u"\\s+"_s), u" "_s);
+TEST_F(Help, TellsTheSameInEveryLanguageAndNamesTheButtonsAsTheProgramDoes) {
+  QStringList english;
+  for (const char* language : {"en", "ru", "de", "es", "zh"}) {
+    SCOPED_TRACE(language);
+    Language::setLanguage(QLatin1String(language));
+    const QString folder = Language::folderForLanguageCode(QLatin1String(language));
+    EXPECT_EQ(HelpWindow::mainPage(), u":/help/%1/main.html"_s.arg(folder));
+    const QString html = QString::fromUtf8(bytesOf(HelpWindow::mainPage())).simplified();
+    const QStringList outline = outlineOf(html);
+    if (english.isEmpty()) english = outline;
+    EXPECT_EQ(outline, english);
+    for (const QString& part : outline) {
+      const QString value = part.section(u'"', 1);
+      EXPECT_LE(value.toInt(), 720) << "wider than the window";
+      const bool leadsSomewhere = value.startsWith(u'#') ? html.contains(u"id=\"%1\""_s.arg(value.mid(1)))
+                                                         : QFile::exists(u":/help/%1/"_s.arg(folder) + value);
+      EXPECT_TRUE(leadsSomewhere || part.startsWith(u"width"_s)) << qPrintable(part);
+    }
     for (const char* key : {"General", "Pressure", "Blood", "Table", "Charts", "Report", "Close"})
-      EXPECT_TRUE(html.contains(u"<b>%1</b>"_s.arg(Language::stringForKey(QString::fromLatin1(key)))))
-          << language << ' ' << key;
+      EXPECT_TRUE(html.contains(u"<b>%1</b>"_s.arg(Language::stringForKey(QLatin1String(key))))) << key;
     for (const char* key : {"systolic", "hemoglobin", "cprText", "espText", "albuminText", "wbcText", "bmi"})
-      EXPECT_TRUE(html.contains(Language::stringForKey(QString::fromLatin1(key)))) << language << ' ' << key;
+      EXPECT_TRUE(html.contains(Language::stringForKey(QLatin1String(key)))) << key;
   }
+  EXPECT_GE(english.filter(u".png"_s).size(), 5);
+}
+
+TEST_F(Help, ShowsThePagesOfTheLanguageWithTheirLinks) {
+  setLocale(u"zh_CN"_s);
+  launch();
+  Paths::setResourceFolder(file(u"res"_s));
+  delegate->displayHelp();
+  EXPECT_EQ(delegate->helpWindow(), nullptr) << "no page, no window";
+  EXPECT_EQ(takeLog(), texts({"There is no help page"}));
+  writePage("en/main.html", "<h1>English</h1>");
+  delegate->displayHelp();
+  QTextBrowser* browser = delegate->helpWindow()->browser();
+  EXPECT_EQ(browser->toPlainText(), u"English"_s) << "better than nothing";
+  QTest::keyClick(browser, Qt::Key_Escape);
+  EXPECT_FALSE(delegate->helpWindow()->isVisible());
+
+  writePage("zh-Hans/main.html", "<p><a href=\"day.html\">day</a></p>");
+  writePage("zh-Hans/day.html", "<p>A day</p>");
+  toFront();
+  press(Qt::Key_F1, Qt::NoModifier);
+  EXPECT_TRUE(delegate->helpWindow()->isVisible());
+  const auto buttons = delegate->helpWindow()->findChildren<QPushButton*>();
+  ASSERT_EQ(buttons.size(), 2);
+  EXPECT_FALSE(buttons[0]->isEnabled());
+  QTest::keyClick(delegate->helpWindow()->focusWidget(), Qt::Key_Tab);
+  QTest::keyClick(browser, Qt::Key_Return);
+  EXPECT_EQ(browser->toPlainText(), u"A day"_s);
+  buttons[0]->click();
+  EXPECT_EQ(browser->toPlainText(), u"day"_s);
+  browser->setSource(QUrl(u"day.html"_s));
+  buttons[1]->click();
+  EXPECT_EQ(browser->toPlainText(), u"day"_s);
+  delegate->displayHelp();
+  EXPECT_FALSE(buttons[0]->isEnabled()) << "the help begins anew";
 }
 
 }  // namespace

@@ -1,12 +1,10 @@
-// A real print server for one test: a process of its own on a loopback port of its own, with all of its files
-// in the test's folder. It needs no rights and ends with the test, even with one that crashes.
+// A real print server for one test, in force while it lives: a process of its own on a loopback port of its
+// own, with all of its files in the test's folder. It needs no rights and ends with the test, even with one
+// that crashes.
 #pragma once
 
-#include <QMap>
 #include <QProcess>
 #include <QString>
-
-#include <memory>
 
 namespace sanovia::test {
 
@@ -18,9 +16,6 @@ class CupsServer {
   CupsServer(const CupsServer&) = delete;
   CupsServer& operator=(const CupsServer&) = delete;
 
-  // As CUPS_SERVER names it.
-  QString address() const { return QStringLiteral("127.0.0.1:%1").arg(_port); }
-
   // The queue that accepts documents of up to kGreatestDocument bytes and puts the last one into paper(), and
   // one of a printer with a driver, colour and two sides that rejects all.
   static const QString kQueue;
@@ -28,17 +23,21 @@ class CupsServer {
   static constexpr qsizetype kGreatestDocument = 2'000'000;
   QString paper() const { return _folder + QStringLiteral("/paper"); }
 
-  // Attributes of the job by name, once it has left the queue; jobs count from 1. No attributes for no job.
-  QMap<QString, QString> finishedJob(int job) const;
-  bool hasJob(int job) const { return !attributesOf(job).isEmpty(); }
+  // What the last document was to be printed with, as "name=value " in a row, once no job is under way; empty
+  // when none has come out.
+  QString printed() const;
 
  private:
-  QMap<QString, QString> attributesOf(int job) const;
+  // Below 0 while the server does not answer.
+  int activeJobs() const;
   void writeConfiguration() const;
 
   QString _folder;
   quint16 _port;
   QProcess _process;
 };
+
+// The server that programs find, as CUPS_SERVER names it.
+void useServer(const QString& address);
 
 }  // namespace sanovia::test

@@ -1,6 +1,10 @@
 // The tables of a report: where their pages end, and what stands in their cells.
+#include <algorithm>
+#include <tuple>
+
 #include "drawing/Palette.h"
-#include "report/ReportTable.h"
+#include "report/ReportSection.h"
+#include "support/ArtificialMeasure.h"
 #include "support/ReportHome.h"
 
 namespace sanovia::test {
@@ -12,19 +16,25 @@ constexpr QColor kDark{51, 51, 51};
 
 class ReportTables : public ReportHome {
  protected:
-  std::vector<TablePage> generalPages(qsizetype days, double y, float height = 1.75F) {
+  template <class R>
+  std::vector<TablePage> table(qint64 type, std::span<const R> records, double y,
+                               const Person& person = {59, -1}) {
+    return reportTable(type, records, datesOf(std::ssize(records)), y, person, _text);
+  }
+  std::vector<TablePage> generalPages(int days, double y, float height = 1.75F) {
     const std::vector<General> generals(static_cast<size_t>(days), General(u"2026-11-01"_s));
-    return generalTable(generals, datesOf(days), y, height, _text);
+    return table<General>(RecordType::general, generals, y, {.age = -1, .height = height});
   }
   static QStringList datesOf(qsizetype days) { return tableDates(daysFrom({2026, 11, 1}, days)); }
 
   // What stands right of the date in the only row: "36.5 dark, Good black bold".
-  QString rowOf(const TablePage& page, size_t headings) {
+  QString rowOf(const TablePage& page) {
+    const auto date = std::ranges::find(page.texts, u"01/11/2026"_s, &TextMark::text);
+    if (date == page.texts.end()) return u"no date"_s;
     QStringList cells;
-    for (size_t i = headings + 1; i < page.texts.size(); ++i) {
-      const TextMark& cell = page.texts[i];
-      const char* color = cell.color == palette::red ? " red" : cell.color == kDark ? " dark" : " black";
-      cells.append(cell.text + QLatin1String(color) + (cell.font.isBold ? u" bold"_s : QString()));
+    for (auto cell = date + 1; cell != page.texts.end(); ++cell) {
+      const char* color = cell->color == palette::red ? " red" : cell->color == kDark ? " dark" : " black";
+      cells.append(cell->text + QLatin1String(color) + (cell->font.isBold ? u" bold"_s : QString()));
     }
     return cells.join(u", "_s);
   }
@@ -32,11 +42,9 @@ class ReportTables : public ReportHome {
 
 int rowsOf(const TablePage& page) { return static_cast<int>(page.rules.size()) - 1; }
 
-// Each table begins where its section's graphs end; the second number is that of 61 days and more.
+// As a table begins where its section's graphs end.
 TEST_F(ReportTables, EachPageHoldsItsRows) {
-  const std::pair<double, int> starts[] = {{614, 7},  {574, 10}, {524, 14}, {484, 16},
-                                           {544, 12}, {504, 15}, {648, 5},  {608, 8}};
-  for (const auto& [y, rows] : starts) {
+  for (const auto& [y, rows] : {std::pair(614, 7), {574, 10}, {524, 14}, {484, 16}, {648, 5}}) {
     const std::vector<TablePage> pages = generalPages(rows + 51 + 2, y);
     ASSERT_EQ(pages.size(), 3U) << y;
     EXPECT_EQ(rowsOf(pages[0]) - 1, rows) << y << ": the heading has a rule of its own";
@@ -46,29 +54,14 @@ TEST_F(ReportTables, EachPageHoldsItsRows) {
   }
 }
 
-TEST_F(ReportTables, StripesEndBeforeTheFoot) {
-  const std::vector<TablePage> pages = generalPages(60, 614);
-  EXPECT_EQ(pages[0].stripes[1], QRectF(30 + 3 * 92.0, 614, 92, 120));
-  EXPECT_EQ(pages[1].stripes.size(), 3U);
-  EXPECT_EQ(pages[1].stripes[0].bottom(), 734);
-  EXPECT_EQ(pages[1].rules.back(), QLineF(30, 744, 582, 744));
-  EXPECT_EQ(pages[2].stripes[0].height(), 2 * 14);
-  EXPECT_EQ(generalPages(3, 614)[0].stripes[0].height(), 5 * 14) << "the heading counts for two rows";
-  EXPECT_EQ(generalPages(3, 614, -1)[0].stripes.size(), 2U);
-  EXPECT_EQ(generalPages(3, 614, -1)[0].stripes[0].width(), 110.4);
-  EXPECT_EQ(pages[1].texts[0].text, u"08/11/2026"_s) << "headings are not repeated";
-  EXPECT_EQ(pages[1].texts[0].at.y(), 44 - (9 + _text.descent({9}) + 3));
-}
-
 TEST_F(ReportTables, GeneralCellsTellWhatIsOut) {
-  struct Case {
+  const struct {
     double temperature;
     qint64 wellbeing, appetite;
     double weight;
     float height;
     const char* row;
-  };
-  const Case cases[] = {
+  } cases[] = {
       {35.4, 0, 0, 70, 1.75F, "35.4 red bold, Poor black, Good red bold, 70.0 black, 22.9 black"},
       {35.5, 1, 1, 80, 1.75F, "35.5 dark bold, Fair black bold, Poor dark, 80.0 red, 26.1 red"},
       {36.0, 2, 1, 50, 1.75F, "36.0 dark, Good black bold, Poor dark, 50.0 red, 16.3 red"},
@@ -78,19 +71,18 @@ TEST_F(ReportTables, GeneralCellsTellWhatIsOut) {
       {-1, 9, 1, 20, -1, "Poor dark, 20.0 black"},
   };
   setMeasure("US");  // is not asked for in the table
-  for (const Case& entry : cases) {
+  for (const auto& [temperature, wellbeing, appetite, weight, height, row] : cases) {
     General general(u"2026-11-01"_s);
-    general.pk = 1;
-    general.temperature = entry.temperature;
-    general.wellbeing = entry.wellbeing;
-    general.appetite = entry.appetite;
-    general.weight = entry.weight;
-    const size_t headings = entry.height < 0 ? 4 : 5;
-    const auto pages = generalTable(std::span(&general, 1), datesOf(1), 614, entry.height, _text);
-    EXPECT_EQ(rowOf(pages[0], headings), QString::fromUtf8(entry.row)) << entry.row;
-    general.pk = -1;
-    const auto blank = generalTable(std::span(&general, 1), datesOf(1), 614, entry.height, _text);
-    EXPECT_EQ(rowOf(blank[0], headings), QString());
+    general.temperature = temperature;
+    general.wellbeing = wellbeing;
+    general.appetite = appetite;
+    general.weight = weight;
+    for (const qint64 pk : {1, -1}) {
+      general.pk = pk;
+      EXPECT_EQ(
+          rowOf(table<General>(RecordType::general, {&general, 1}, 614, {.age = -1, .height = height})[0]),
+          pk < 0 ? QString() : QString::fromUtf8(row));
+    }
   }
 }
 
@@ -103,12 +95,9 @@ TEST_F(ReportTables, PressureAndBloodCellsTellWhatIsOut) {
       {{-1, 0, -1, -5}, "0.0 red bold"},
   };
   for (const auto& [values, row] : pressures) {
-    pressure.systolic = values[0];
-    pressure.diastolic = values[1];
-    pressure.pulse = values[2];
-    pressure.ppressure = values[3];
-    EXPECT_EQ(rowOf(pressureTable(std::span(&pressure, 1), datesOf(1), 544, 59, _text)[0], 4),
-              QString::fromUtf8(row));
+    std::tie(pressure.systolic, pressure.diastolic, pressure.pulse, pressure.ppressure) =
+        std::tuple_cat(values);
+    EXPECT_EQ(rowOf(table<Pressure>(RecordType::pressure, {&pressure, 1}, 544)[0]), QString::fromUtf8(row));
   }
   Blood blood(u"2026-11-01"_s);
   blood.pk = 1;
@@ -119,18 +108,14 @@ TEST_F(ReportTables, PressureAndBloodCellsTellWhatIsOut) {
       {{11.9F, 1.1F, 14.9F, 3.3F, -1}, "11.9 red bold, 1.1 red bold, 14.9 red bold, 3.3 red bold"},
   };
   for (const auto& [values, row] : bloods) {
-    blood.hemoglobin = values[0];
-    blood.crp = values[1];
-    blood.esp = values[2];
-    blood.albumin = values[3];
-    blood.wbc = values[4];
-    EXPECT_EQ(rowOf(bloodTable(std::span(&blood, 1), datesOf(1), 648, _text)[0], 10), QString::fromUtf8(row));
+    std::tie(blood.hemoglobin, blood.crp, blood.esp, blood.albumin, blood.wbc) = std::tuple_cat(values);
+    EXPECT_EQ(rowOf(table<Blood>(RecordType::blood, {&blood, 1}, 648)[0]), QString::fromUtf8(row));
   }
 }
 
 TEST_F(ReportTables, HeadingsStandOverTheirColumns) {
   const Blood blood(u"2026-11-01"_s);
-  const std::vector<TextMark> texts = bloodTable(std::span(&blood, 1), datesOf(1), 648, _text)[0].texts;
+  const std::vector<TextMark> texts = table<Blood>(RecordType::blood, {&blood, 1}, 648)[0].texts;
   const double line = 9 + _text.descent({9});
   EXPECT_EQ(texts[0].text, u"Hemoglobin"_s);
   EXPECT_NEAR(texts[0].at.y(), 676 - line - 14, 1e-9);
@@ -139,7 +124,23 @@ TEST_F(ReportTables, HeadingsStandOverTheirColumns) {
   EXPECT_NEAR(texts[1].at.y(), 676 - line, 1e-9);
   EXPECT_EQ(texts[8].text, u"WBC"_s);
   EXPECT_NEAR(texts[8].at.y(), 676 - line - 3 - 14, 1e-9) << "the last heading is raised";
-  EXPECT_EQ(texts[10].text, u"01/11/2026"_s);
+}
+
+TEST_F(ReportTables, AMeasureThatIsAddedHasItsGraphAndItsColumn) {
+  const ArtificialMeasure artificial;
+  const QDateTime day = at("2026-11-01T12:00:00");
+  Blood blood(u"2026-11-01"_s);
+  blood.wbc = 30;
+  blood.update();
+  const DateSeries series(Utils::dayStart(day), Utils::dayEnd(day), SeriesModeDay);
+  const ReportSubject subject{series, u"-"_s, datesOf(1), u"Ann"_s, {}, {59, -1}, false};
+  const ReportSection section = reportSection(RecordType::blood, subject, context(1));
+  ASSERT_EQ(section.graphs.size(), 6U);
+  EXPECT_EQ(section.graphs[5].title.text, u"Chart: Name:"_s);
+  EXPECT_EQ(section.graphs[5].marks[0].text.text, u"40.0"_s);
+  ASSERT_EQ(section.table.size(), 2U) << "six graphs fill the page";
+  EXPECT_EQ(rowOf(section.table[1]), u"30.0 red bold, 30.0 red bold"_s);
+  EXPECT_EQ(section.table[0].texts[11].text, u"0 - 40"_s);
 }
 
 }  // namespace

@@ -4,7 +4,7 @@
 
 #include <QStringList>
 
-#include "charts/DayEditor.h"
+#include "ui/charts/DayEditor.h"
 
 namespace sanovia::test {
 

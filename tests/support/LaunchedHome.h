@@ -1,6 +1,8 @@
-// A home in which the whole window is launched and quit as the program does it.
+// A home in which the whole window is launched, used and quit as the program does it. What would be asked in
+// a dialog is noted, and answered as the test has said.
 #pragma once
 
+#include <QHeaderView>
 #include <QTest>
 
 #include <memory>
@@ -9,22 +11,33 @@
 #endif
 
 #include "application/AppDelegate.h"
+#include "application/Asker.h"
 #include "application/MainWindow.h"
 #include "support/TestHome.h"
+#include "ui/charts/ChartsView.h"
+#include "ui/entry/EditAnimationView.h"
+#include "ui/entry/MyTableView.h"
 #include "ui_MainWindow.h"
 
 namespace sanovia::test {
 
 class LaunchedHome : public TestHome {
  protected:
+  LaunchedHome() { Asker::setShared(std::make_unique<Answers>(*this)); }
+  ~LaunchedHome() override { Asker::setShared(nullptr); }
+
   void launch() {
     restart();
     delegate = std::make_unique<AppDelegate>();
     delegate->applicationWillFinishLaunching();
     delegate->window()->show();
     delegate->applicationDidFinishLaunching();
-    EXPECT_TRUE(QTest::qWaitForWindowExposed(delegate->window()));
+    toFront();
     QCoreApplication::processEvents();
+  }
+  void toFront() {
+    delegate->window()->activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(delegate->window()));
   }
   void quit() {
     delegate->window()->close();
@@ -45,8 +58,54 @@ class LaunchedHome : public TestHome {
   }
 
   Ui::MainWindow& ui() { return delegate->window()->outlets(); }
+  MyTableView& table() { return *ui().dataView->getTable(); }
+  QString cell(int row, int column) { return table().model()->index(row, column).data().toString(); }
+  // What the table itself has been told.
+  int rows() { return table().verticalHeader()->count(); }
+  QStringList labels() {
+    return {ui().dateFieldFrom->text(), ui().dateFieldTo->text(), ui().dateFieldInterval->text()};
+  }
+  EditAnimationView& panel() { return *delegate->editView(); }
+  bool waitForPanel(bool open) {
+    return QTest::qWaitFor([=, this] { return panel().opened() == open && !panel().isAnimating(); });
+  }
+  // Sends the panel on its way to the day.
+  void editRow(int row) {
+    table().selectRow(row);
+    QTest::keyClick(&table(), Qt::Key_Return);
+  }
+  void press(int key, Qt::KeyboardModifiers modifiers = Qt::ControlModifier) {
+    QTest::keyClick(delegate->window(), static_cast<Qt::Key>(key), modifiers);
+  }
+  void addRow(const char* kind, const char* day = "2026-11-15") {
+    const QString name = QString::fromLatin1(kind);
+    execute(QStringLiteral("INSERT INTO %1 (%2date) VALUES ('%3')")
+                .arg(name, name.left(1), QString::fromLatin1(day)));
+  }
 
   std::unique_ptr<AppDelegate> delegate;
+  QStringList questions;
+  QList<QWidget*> askedOn;
+  QString answeredPath, answeredPrinter;  // empty for a person who cancels
+
+ private:
+  struct Answers : Asker {
+    explicit Answers(LaunchedHome& asked) : home(asked) {}
+    void askFileName(QWidget* window, const FileQuestion& question,
+                     std::function<void(const QString&)> answer) override {
+      note(window, question.title + u'|' + question.proposedName + u'|' + question.ending);
+      if (!home.answeredPath.isEmpty()) answer(home.answeredPath);
+    }
+    void askPrinter(QWidget* window, std::function<void(const PrinterChoice&)> answer) override {
+      note(window, QStringLiteral("printer"));
+      if (!home.answeredPrinter.isEmpty()) answer({.printer = home.answeredPrinter});
+    }
+    void note(QWidget* window, const QString& question) {
+      home.questions.append(question);
+      home.askedOn.append(window);
+    }
+    LaunchedHome& home;
+  };
 };
 
 }  // namespace sanovia::test

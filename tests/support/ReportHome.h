@@ -2,9 +2,9 @@
 // otherwise.
 #pragma once
 
-#include "foundation/SettingsStore.h"
-#include "localisation/Language.h"
-#include "measures/Norms.h"
+#include "core/foundation/Settings.h"
+#include "core/localisation/Language.h"
+#include "core/measures/Norms.h"
 #include "report/Graph.h"
 #include "support/TestHome.h"
 
@@ -14,9 +14,9 @@ class ReportHome : public TestHome {
  protected:
   ReportHome() { setMeasure("Metric"); }
 
-  void setMeasure(const char* measure) { set("userMeasure", measure); }
-  void set(const char* key, const char* value) {
-    SettingsStore::standard().setString(QString::fromLatin1(key), QString::fromUtf8(value));
+  void setMeasure(const char* measure) { set(settings.userMeasure, measure); }
+  static void set(const Setting<QString>& setting, const char* value) {
+    setting.store(QString::fromUtf8(value));
   }
   void setLanguage(const QString& locale) {
     setLocale(locale);
@@ -32,21 +32,6 @@ class ReportHome : public TestHome {
     QStringList days;
     for (qsizetype i = 0; i < count; ++i) days.append(first.addDays(i).toString(Qt::ISODate));
     return days;
-  }
-
-  // Stored records of consecutive days with the values of one measure; -1 stands for a record without the
-  // value, and kNoRecord for a day without a record.
-  static constexpr double kNoRecord = -2;
-  template <class R, class Value>
-  static std::vector<R> records(Value R::*member, std::initializer_list<double> values) {
-    std::vector<R> list;
-    for (const double value : values) {
-      R& record = list.emplace_back(QStringLiteral("2026-11-01"));
-      if (value == kNoRecord) continue;
-      record.pk = 1;
-      record.*member = static_cast<Value>(value);
-    }
-    return list;
   }
 
   PaperText _text;

@@ -8,12 +8,12 @@
 #include <random>
 #include <sqlite3.h>
 
-#include "database/DBManager.h"
-#include "foundation/Clock.h"
-#include "foundation/Paths.h"
-#include "foundation/SettingsStore.h"
-#include "licensing/Licensing.h"
-#include "localisation/Language.h"
+#include "core/database/DBManager.h"
+#include "core/foundation/Clock.h"
+#include "core/foundation/Paths.h"
+#include "core/foundation/SettingsStore.h"
+#include "core/licensing/Licensing.h"
+#include "core/localisation/Language.h"
 
 namespace sanovia::test {
 namespace {

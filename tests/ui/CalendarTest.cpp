@@ -2,10 +2,10 @@
 #include <QLabel>
 #include <QTest>
 
-#include "calendar/CalendarDays.h"
-#include "calendar/MLCalendarCell.h"
-#include "calendar/MLCalendarView.h"
 #include "support/TestHome.h"
+#include "ui/calendar/CalendarDays.h"
+#include "ui/calendar/MLCalendarCell.h"
+#include "ui/calendar/MLCalendarView.h"
 
 namespace sanovia::test {
 namespace {
@@ -20,13 +20,6 @@ QDateTime utc(int year, int month, int day) {
   return QDateTime(QDate(year, month, day), QTime(0, 0), Qt::UTC);
 }
 
-struct Delegate : MLCalendarViewDelegate {
-  void didSelectDateFrom(const QDateTime& date) override { from.append(date); }
-  void didSelectDateTo(const QDateTime& date) override { to.append(date); }
-  QList<QDateTime> from;
-  QList<QDateTime> to;
-};
-
 MLCalendarCell* cellOf(const MLCalendarView& page, int day) {
   for (MLCalendarCell* cell : page.dayCells())
     if (cell->text() == QString::number(day)) return cell;
@@ -36,14 +29,11 @@ MLCalendarCell* cellOf(const MLCalendarView& page, int day) {
 TEST_F(CalendarTest, TakesTheLocalDayForTheDayInEveryZone) {
   for (const char* name : {"Asia/Kolkata", "America/New_York", "UTC", "Pacific/Auckland"}) {
     const ScopedZone zone(name);
-    for (const char* time : {"2026-11-05T00:30:00", "2026-11-05T12:00:00", "2026-11-05T23:59:59"}) {
-      const QDateTime day = toUTC(at(time));
-      EXPECT_EQ(day, utc(2026, 11, 5)) << name << time;
-      EXPECT_EQ(localDay(day), at("2026-11-05T00:00:00")) << name;
-    }
+    for (const char* time : {"2026-11-05T00:30:00", "2026-11-05T23:59:59"})
+      EXPECT_EQ(toUTC(at(time)), utc(2026, 11, 5)) << name << time;
+    EXPECT_EQ(localDay(utc(2026, 11, 5)), at("2026-11-05T00:00:00")) << name;
   }
-  EXPECT_FALSE(toUTC({}).isValid());
-  EXPECT_FALSE(isSameDate({}, {}));
+  EXPECT_FALSE(toUTC({}).isValid() || isSameDate({}, {}));
 }
 
 TEST_F(CalendarTest, StepsAMonthAndRunsOnFromALongOne) {
@@ -72,31 +62,31 @@ TEST_F(CalendarTest, ShowsTheMonthInTheLocalesWords) {
   setLocale(u"de_DE"_s);
   MLCalendarView page;
   page.setDate(at("2026-03-05T23:30:00"));
-  EXPECT_EQ(page.findChild<QLabel*>(u"calendarTitle"_s)->text(), u"März, 2026"_s);
-  EXPECT_EQ(page.findChild<QLabel*>(u"day1"_s)->text(), u"MO"_s);
-  EXPECT_EQ(page.findChild<QLabel*>(u"day7"_s)->text(), u"SO"_s);
+  for (const auto& [label, text] : {std::pair("calendarTitle", "März, 2026"), {"day1", "MO"}, {"day7", "SO"}})
+    EXPECT_EQ(page.findChild<QLabel*>(QLatin1StringView(label))->text(), QString::fromUtf8(text));
   EXPECT_EQ(cellOf(page, 5)->accessibleName(), u"Donnerstag, 5. März 2026"_s);
 }
 
-TEST_F(CalendarTest, LosesADayWithEachStepWestOfUTCAndKeepsIt) {
-  const ScopedZone zone("America/New_York");
+TEST_F(CalendarTest, LosesADayWithEachStepWestOfUTCAndMarksTodayByIt) {
   MLCalendarView page;
-  page.setDate(at("2026-11-15T12:00:00"));
-  page.nextMonth();
-  EXPECT_EQ(page.date(), utc(2026, 12, 14));
-}
-
-TEST_F(CalendarTest, MarksTodayByUTC) {
+  {
+    const ScopedZone zone("America/New_York");
+    page.setDate(at("2026-11-15T12:00:00"));
+    page.nextMonth();
+    EXPECT_EQ(page.date(), utc(2026, 12, 14));
+  }
   const ScopedZone zone("Asia/Kolkata");  // five and a half hours ahead
   setNow(u"2026-11-15T03:00:00"_s);
-  MLCalendarView page;
   page.setDate(at("2026-11-15T03:00:00"));
-  EXPECT_TRUE(cellOf(page, 14)->isToday());
-  EXPECT_FALSE(cellOf(page, 15)->isToday());
+  EXPECT_TRUE(cellOf(page, 14)->isToday() && !cellOf(page, 15)->isToday());
 }
 
 TEST_F(CalendarTest, IsWalkedAndPickedByKeys) {
-  Delegate delegate;
+  struct : MLCalendarViewDelegate {
+    void didSelectDateFrom(const QDateTime&) override {}
+    void didSelectDateTo(const QDateTime& date) override { to.append(date); }
+    QList<QDateTime> to;
+  } delegate;
   MLCalendarView page;
   page.setDelegate(&delegate);
   page.setDate(at("2026-11-15T12:00:00"));
@@ -113,23 +103,6 @@ TEST_F(CalendarTest, IsWalkedAndPickedByKeys) {
   QTest::keyClick(QApplication::focusWidget(), Qt::Key_Up);
   QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
   EXPECT_EQ(delegate.to, QList{at("2026-11-09T00:00:00")});
-}
-
-TEST_F(CalendarTest, PaintsTheOvalTheMarksAndNothingOutsideTheMonth) {
-  setNow(u"2026-11-20T12:00:00"_s);
-  MLCalendarView page;
-  page.setDate(at("2026-11-15T12:00:00"));
-  cellOf(page, 3)->click();
-  cellOf(page, 10)->click();
-  page.resize(page.sizeHint());
-  const auto pixel = [](MLCalendarCell* cell, int x, int y) {
-    return cell->grab().toImage().pixelColor(x, y);
-  };
-  EXPECT_EQ(pixel(cellOf(page, 10), 8, 20), palette::red);
-  EXPECT_EQ(pixel(cellOf(page, 3), 8, 20), palette::white);
-  MLCalendarCell* today = cellOf(page, 20);
-  EXPECT_EQ(pixel(today, 3, today->height() - 2), palette::lightTeal);
-  EXPECT_EQ(pixel(page.dayCells().last(), 8, 20), palette::white);
 }
 
 }  // namespace

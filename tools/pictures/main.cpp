@@ -14,13 +14,13 @@
 #include "application/MainWindow.h"
 #include "application/PreferencesSheet.h"
 #include "application/ToolkitWords.h"
-#include "charts/ChartsView.h"
-#include "controls/AboutPanel.h"
-#include "controls/Popover.h"
-#include "entry/EditAnimationView.h"
-#include "entry/MyTableView.h"
-#include "foundation/SettingsStore.h"
-#include "localisation/Language.h"
+#include "core/foundation/Settings.h"
+#include "core/localisation/Language.h"
+#include "ui/charts/ChartsView.h"
+#include "ui/controls/AboutPanel.h"
+#include "ui/controls/Popover.h"
+#include "ui/entry/EditAnimationView.h"
+#include "ui/entry/MyTableView.h"
 #include "ui_MainWindow.h"
 #include "ui_Preferences.h"
 
@@ -39,12 +39,10 @@ class Photographer {
     QLocale::setDefault(QLocale(language));
     Language::restart();
     loadToolkitWords();
-    SettingsStore::standard().setString(QStringLiteral("userMeasure"), language == Language::english()
-                                                                           ? QStringLiteral("US")
-                                                                           : QStringLiteral("Metric"));
+    settings.userMeasure.store(language == Language::english() ? QStringLiteral("US")
+                                                               : QStringLiteral("Metric"));
     // The norms of the pressures and the pulse go by age.
-    SettingsStore::standard().setString(QStringLiteral("userBirthday"),
-                                        QStringLiteral("1974-05-12 00:00:00 +0000"));
+    settings.userBirthday.store(QStringLiteral("1974-05-12 00:00:00 +0000"));
     _delegate = std::make_unique<AppDelegate>();
     _delegate->applicationWillFinishLaunching();
     _delegate->window()->show();

@@ -1,0 +1,77 @@
+// CSV text to rows of cells and back. Reading is liberal, so that files from spreadsheets of any country come
+// in: the separator is found in the header, every line ending counts. Writing knows one form, that of
+// RFC 4180. What the cells mean is not known here.
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <QStringView>
+
+#include <optional>
+#include <vector>
+
+namespace sanovia {
+
+struct CsvCell {
+  // Without the blanks around it; what stood between quotes is kept as it was.
+  QString text;
+  // The line of the file on which the cell begins, from 1.
+  qint64 line;
+};
+
+using CsvRow = std::vector<CsvCell>;
+
+struct CsvFault {
+  qint64 line;
+  // The cell's place in its row, from 0.
+  size_t cell;
+  QString message;
+};
+
+class CsvReader {
+ public:
+  // The text must outlive the reader. The separator is the first comma, semicolon or tab outside quotes in
+  // the first line that is not blank; a comma when there is none.
+  explicit CsvReader(QStringView text);
+
+  // The next row, blank lines left out. Nothing at the end of the text and from a fault on.
+  std::optional<CsvRow> next();
+  const std::optional<CsvFault>& fault() const { return _fault; }
+
+ private:
+  CsvRow readRow();
+  CsvCell readCell(size_t number);
+  QString readPlain();
+  QString readQuoted(size_t number);
+  void fail(qint64 line, size_t cell, const QString& message);
+
+  bool atEnd() const { return _place == _text.size(); }
+  bool atLineBreak() const;
+  bool atCellEnd() const;
+  bool take(QChar wanted);
+  bool takeLineBreak();
+  void skipBlanks();
+
+  QStringView _text;
+  QChar _separator;
+  qsizetype _place = 0;
+  qint64 _line = 1;
+  std::optional<CsvFault> _fault;
+};
+
+class CsvWriter {
+ public:
+  // As much as is expected.
+  explicit CsvWriter(qsizetype bytes) { _bytes.reserve(bytes); }
+
+  // Cells are parted by commas and put in quotes where they need it; a line ends with CR LF.
+  void addCell(QByteArrayView cell);
+  void endRow();
+  const QByteArray& bytes() const { return _bytes; }
+
+ private:
+  QByteArray _bytes;
+  bool _isRowBegun = false;
+};
+
+}  // namespace sanovia

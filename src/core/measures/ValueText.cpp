@@ -1,0 +1,107 @@
+#include "core/measures/ValueText.h"
+
+#include <type_traits>
+
+#include "core/foundation/TextFormat.h"
+#include "core/localisation/Language.h"
+#include "core/measures/Norms.h"
+#include "core/preferences/Preferences.h"
+
+namespace sanovia {
+namespace {
+
+constexpr double kFahrenheitPerCelsius = 1.8;
+constexpr double kFahrenheitAtFreezing = 32.0;
+constexpr double kPoundsPerKilogram = 2.2046;
+constexpr qint64 kBestWellbeing = 3;
+
+QString word(const char* key) { return Language::stringForKey(QString::fromLatin1(key)); }
+
+QString unitText(Measure::Unit unit) {
+  const bool metric = Preferences::isMetric();
+  switch (unit) {
+    case Measure::Unit::Temperature: return word(metric ? "celsius" : "fahrenheit");
+    case Measure::Unit::Weight: return word(metric ? "kg" : "lbs");
+    case Measure::Unit::Fixed: break;
+  }
+  return {};
+}
+
+// The unit's sign alone; empty for a word.
+QString unitSign(const Measure& measure) {
+  const bool metric = Preferences::isMetric();
+  switch (measure.unit) {
+    case Measure::Unit::Temperature: return word(metric ? "unit_celsius" : "unit_fahrenheit");
+    case Measure::Unit::Weight: return word(metric ? "unit_kg" : "unit_lbs");
+    case Measure::Unit::Fixed: break;
+  }
+  return *measure.unitKey == '\0' ? QString() : word(measure.unitKey);
+}
+
+const char* positionKey(const NormBand& norm, double value) {
+  const auto single = static_cast<float>(value);
+  if (single < norm.low) return "norm_below";
+  return single > norm.high ? "norm_above" : "norm_in";
+}
+
+}  // namespace
+
+QString titleOf(const char* titleKey, Measure::Unit unit) { return word(titleKey) + unitText(unit); }
+
+double shownValue(double stored, Measure::Unit unit) {
+  return shownValue(stored, unit, unit == Measure::Unit::Fixed || Preferences::isMetric());
+}
+
+double shownValue(double stored, Measure::Unit unit, bool isMetric) {
+  if (unit == Measure::Unit::Fixed || isMetric) return stored;
+  return unit == Measure::Unit::Temperature ? stored * kFahrenheitPerCelsius + kFahrenheitAtFreezing
+                                            : stored * kPoundsPerKilogram;
+}
+
+std::optional<double> dayValue(const Measure& measure, const RecordRef& record) {
+  return isBodyMassIndex(measure) ? bodyMassIndex(record, Preferences::height())
+                                  : storedValue(measure, record);
+}
+
+QString valueText(const Measure& measure, const RecordRef& record) {
+  const std::optional<double> value = dayValue(measure, record);
+  if (!value) return {};
+  const auto whole = static_cast<qint64>(*value);
+  switch (measure.display) {
+    case Measure::Display::OneDecimal: return oneDecimal(shownValue(*value, measure.unit));
+    case Measure::Display::Integer: return QString::number(whole);
+    // The list runs from the best word to the worst.
+    case Measure::Display::WellbeingWord:
+      return Language::entryForKey(QStringLiteral("general_array1"), kBestWellbeing - whole);
+    case Measure::Display::AppetiteWord: return Language::entryForKey(QStringLiteral("fistula_array"), whole);
+  }
+  return {};
+}
+
+QString dateOf(const RecordRef& record) {
+  return std::visit(
+      [](const auto& held) {
+        if constexpr (std::is_same_v<std::remove_cvref_t<decltype(held)>, std::monostate>)
+          return QString();
+        else
+          return held->date;
+      },
+      record);
+}
+
+QString dateText(const RecordRef& record) {
+  return Utils::convertFormat(dateOf(record), Utils::databaseFormat(),
+                              Utils::dateFormatForMetric(Preferences::isMetric()));
+}
+
+QString dayPhrase(const Measure& measure, const RecordRef& record) {
+  const std::optional<double> value = dayValue(measure, record);
+  if (!value) return word("not_entered");
+  const QString unit = unitSign(measure);
+  const QString text = valueText(measure, record);
+  const QString shown = unit.isEmpty() ? text : text + QLatin1Char(' ') + unit;
+  const std::optional<NormBand> norm = normOf(measure, personOfPreferences());
+  return norm ? filled(word(positionKey(*norm, *value)), shown) : shown;
+}
+
+}  // namespace sanovia

@@ -1,0 +1,32 @@
+#include "ui/controls/Scroller.h"
+
+#include <QColor>
+#include <QScrollBar>
+
+namespace sanovia {
+namespace {
+
+constexpr int kAtRest = 150;  // of 255
+constexpr int kUnderPointer = 220;
+
+const QString kSheet = QStringLiteral(
+    "QScrollBar { background: transparent; border: none; margin: 2px 2px 2px 0; }"
+    "QScrollBar:vertical { width: %3px; }"
+    "QScrollBar::handle { background: %1; border-radius: 4px; min-height: 32px; }"
+    "QScrollBar::handle:hover { background: %2; }"
+    "QScrollBar::add-line, QScrollBar::sub-line { height: 0; }"
+    "QScrollBar::add-page, QScrollBar::sub-page { background: transparent; }");
+
+QString withAlpha(QColor color, int alpha) {
+  color.setAlpha(alpha);
+  return color.name(QColor::HexArgb);
+}
+
+}  // namespace
+
+void dressScroller(QScrollBar* bar, const QColor& handle) {
+  bar->setStyleSheet(
+      kSheet.arg(withAlpha(handle, kAtRest), withAlpha(handle, kUnderPointer)).arg(kScrollerWidth));
+}
+
+}  // namespace sanovia
