@@ -4,6 +4,10 @@ target_compile_options(sanovia_warnings INTERFACE -Wall -Wextra -Wshadow -Wconve
 if(SANOVIA_WERROR)
   target_compile_options(sanovia_warnings INTERFACE -Werror)
 endif()
+if(CMAKE_UNITY_BUILD)
+  # A type without a name outside its file: here the sources are included into one.
+  target_compile_options(sanovia_warnings INTERFACE -Wno-subobject-linkage)
+endif()
 if(SANOVIA_SANITIZE)
   target_compile_options(sanovia_warnings INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all
                                                    -fno-omit-frame-pointer)

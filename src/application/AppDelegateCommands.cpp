@@ -14,6 +14,7 @@
 #include "application/HelpWindow.h"
 #include "application/MainWindow.h"
 #include "application/PreferencesSheet.h"
+#include "application/SingleStart.h"
 #include "core/foundation/Log.h"
 #include "core/foundation/Paths.h"
 #include "core/licensing/Licensing.h"
@@ -29,7 +30,6 @@ const char* const kCommand = "command";
 const char* const kTag = "tag";
 // Items of the view menu: a tag below this is a view mode, any other a kind of record plus this.
 constexpr qint64 kFirstTypeTag = 2;
-const char* const kToken = "XDG_ACTIVATION_TOKEN";
 
 enum class Rule : quint8 { Always, InTheTrialState, UnlessShowing, WithData };
 
@@ -189,7 +189,7 @@ void AppDelegate::runAbout() {
 }
 
 void AppDelegate::comeToFront(const QString& token) {
-  if (!token.isEmpty()) qputenv(kToken, token.toUtf8());
+  if (!token.isEmpty()) qputenv(SingleStart::kToken, token.toUtf8());
   QWidget* front = QApplication::activeModalWidget();
   if (front == nullptr) front = _window.get();
   _window->setWindowState(_window->windowState() & ~Qt::WindowMinimized);

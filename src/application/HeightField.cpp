@@ -10,8 +10,6 @@ namespace {
 
 constexpr int kDecimals = 2;
 
-QString word(const char* key) { return Language::stringForKey(QString::fromLatin1(key)); }
-
 }  // namespace
 
 HeightFormat HeightFormat::forMeasure(bool metric) {

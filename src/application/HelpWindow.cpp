@@ -16,14 +16,12 @@
 namespace sanovia {
 namespace {
 
-constexpr QSize kSize(760, 720);
-constexpr int kMargin = 24;
-constexpr int kGap = 12;
-constexpr int kTextPixels = 14;
+constexpr QSize kHelpSize(760, 720);
+constexpr int kHelpMargin = 24;
+constexpr int kHelpGap = 12;
+constexpr int kHelpTextPixels = 14;
 constexpr int kPagePixels = 15;
 constexpr int kPageMargin = 24;
-
-QString word(const char* key) { return Language::stringForKey(QString::fromLatin1(key)); }
 
 QUrl urlOf(const QString& path) {
   return path.startsWith(QLatin1Char(':')) ? QUrl(QStringLiteral("qrc") + path) : QUrl::fromLocalFile(path);
@@ -33,16 +31,16 @@ QUrl urlOf(const QString& path) {
 
 HelpWindow::HelpWindow()
     : _browser(new QTextBrowser(this)), _back(new QPushButton(this)), _contents(new QPushButton(this)) {
-  dressInHouseStyle(this, kTextPixels);
+  dressInHouseStyle(this, kHelpTextPixels);
   setWindowIcon(QIcon(QStringLiteral(":/images/Sanovia.svg")));
-  resize(kSize);
+  resize(kHelpSize);
   _browser->setFont(fonts::system(kPagePixels));
   _browser->setFrameShape(QFrame::NoFrame);
   _browser->document()->setDocumentMargin(kPageMargin);
   auto* band = new ColoredView(this);
   auto* buttons = new QHBoxLayout(band);
-  buttons->setContentsMargins(kMargin, kMargin / 2, kMargin, kMargin / 2);
-  buttons->setSpacing(kGap);
+  buttons->setContentsMargins(kHelpMargin, kHelpMargin / 2, kHelpMargin, kHelpMargin / 2);
+  buttons->setSpacing(kHelpGap);
   buttons->addWidget(_back);
   buttons->addWidget(_contents);
   buttons->addStretch();

@@ -17,7 +17,7 @@
 namespace sanovia {
 namespace {
 
-constexpr int kTextPixels = 14;
+constexpr int kSheetTextPixels = 14;
 constexpr int kHeadingPixels = 20;
 constexpr int kReasonPixels = 12;
 constexpr int kOK = 1;  // the tag of the button that stores
@@ -34,7 +34,7 @@ PreferencesSheet::PreferencesSheet(QWidget* window)
     : QDialog(window, Qt::Sheet), _ui(std::make_unique<Ui::Preferences>()) {
   _ui->setupUi(this);
   setWindowModality(Qt::WindowModal);
-  dressInHouseStyle(this, kTextPixels);
+  dressInHouseStyle(this, kSheetTextPixels);
   _ui->heading->setFont(fonts::system(kHeadingPixels));
   _ui->whyRefused->setFont(fonts::system(kReasonPixels));
   setColour(_ui->whyRefused, palette::red);
@@ -59,7 +59,7 @@ void PreferencesSheet::setUpBirthday() {
   page->setHorizontalHeaderFormat(QCalendarWidget::ShortDayNames);
   page->setFirstDayOfWeek(QLocale().firstDayOfWeek());
   page->setLocale(QLocale());
-  page->setFont(fonts::system(kTextPixels));
+  page->setFont(fonts::system(kSheetTextPixels));
   QTextCharFormat day;
   day.setForeground(palette::black);
   for (const Qt::DayOfWeek weekend : {Qt::Saturday, Qt::Sunday}) page->setWeekdayTextFormat(weekend, day);

@@ -19,13 +19,11 @@
 namespace sanovia {
 namespace {
 
-constexpr QSize kSize(820, 900);
-constexpr int kMargin = 20;
-constexpr int kGap = 12;
-constexpr int kTextPixels = 14;
+constexpr QSize kReportSize(820, 900);
+constexpr int kReportMargin = 20;
+constexpr int kReportGap = 12;
+constexpr int kStatusPixels = 14;
 constexpr int kPageSpacing = 16;
-
-QString word(const char* key) { return Language::stringForKey(QString::fromUtf8(key)); }
 
 }  // namespace
 
@@ -36,7 +34,7 @@ ReportWindow::ReportWindow()
       _print(new QPushButton(this)),
       _page(new QLabel(this)) {
   setWindowIcon(QIcon(QStringLiteral(":/images/Sanovia.svg")));
-  resize(kSize);
+  resize(kReportSize);
   _pages->setDocument(_document);
   _pages->setPageMode(QPdfView::PageMode::MultiPage);
   _pages->setZoomMode(QPdfView::ZoomMode::FitToWidth);
@@ -50,14 +48,14 @@ ReportWindow::ReportWindow()
   _page->setStyleSheet(QStringLiteral("color: ") + palette::white.name());
   auto* band = new ColoredView(this);
   auto* buttons = new QHBoxLayout(band);
-  buttons->setContentsMargins(kMargin, kMargin / 2, kMargin, kMargin / 2);
-  buttons->setSpacing(kGap);
+  buttons->setContentsMargins(kReportMargin, kReportMargin / 2, kReportMargin, kReportMargin / 2);
+  buttons->setSpacing(kReportGap);
   buttons->addWidget(_save);
   buttons->addWidget(_print);
   buttons->addStretch();
   buttons->addWidget(_page);
   // The band alone: dialogs that hang on this window keep the toolkit's own look.
-  dressInHouseStyle(band, kTextPixels);
+  dressInHouseStyle(band, kStatusPixels);
   auto* rows = new QVBoxLayout(this);
   rows->setContentsMargins(0, 0, 0, 0);
   rows->setSpacing(0);

@@ -16,7 +16,6 @@ constexpr int kPatience = 3000;  // milliseconds until the first program counts 
 constexpr int kPause = 50;       // milliseconds between two attempts
 constexpr int kDigits = 16;
 constexpr qint64 kLongestToken = 512;
-const char* const kToken = "XDG_ACTIVATION_TOKEN";
 
 // The path without its ending under which the programs of one data folder meet.
 QString meetingPlace() {

@@ -13,6 +13,9 @@ class SingleStart : public QObject {
   Q_OBJECT
 
  public:
+  // Where the desk's leave to come to the front is kept.
+  static constexpr const char* kToken = "XDG_ACTIVATION_TOKEN";
+
   SingleStart();
   ~SingleStart() override;
 

@@ -8,7 +8,7 @@
 namespace sanovia {
 namespace {
 
-constexpr double kQuarterTurn = 90.0;
+constexpr double kQuarterTurnDegrees = 90.0;
 constexpr double kUpwards = 90.0;
 constexpr double kDownwards = 270.0;
 constexpr double kFullCircle = 360.0;
@@ -39,7 +39,7 @@ void addSegment(double middle, double half, const QRectF& bounds, QPainterPath& 
 void addOutside(const QRectF& block, QPointF dot, const DotMeasure& measure, QPainterPath& path) {
   const auto addBeyond = [&](double towardsBlock, double direction) {
     if (towardsBlock >= measure.radius) return;
-    const double half = kQuarterTurn - qRadiansToDegrees(std::asin(towardsBlock / measure.radius));
+    const double half = kQuarterTurnDegrees - qRadiansToDegrees(std::asin(towardsBlock / measure.radius));
     addSegment(direction, half, measure.boundsAt(dot), path);
   };
   addBeyond(dot.y() - block.top(), kUpwards);

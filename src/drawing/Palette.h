@@ -27,5 +27,7 @@ inline constexpr QColor lightGray{170, 170, 170};
 inline constexpr QColor trial{179, 179, 179, 128};
 // What lies over a control that is disabled, and behind one that is on.
 inline constexpr QColor veil{153, 153, 153, 128};
+// How much of an image shows on a control that is disabled.
+inline constexpr double disabledFraction = 0.3;
 
 }  // namespace sanovia::palette

@@ -7,7 +7,7 @@
 namespace sanovia {
 namespace {
 
-constexpr PaperFont kTitleFont{10, true};
+constexpr PaperFont kClinicalTitleFont{10, true};
 constexpr PaperFont kPressureFont{7};
 constexpr PaperFont kBloodFont{8};
 // How far above its arrow the value of a blood mark begins, and how far above the band's foot that of the
@@ -22,10 +22,8 @@ using palette::red;
 Graph graphFor(const Measure& measure, double y, PaperFont font) {
   const QString title = Language::stringForKey(QStringLiteral("reportprefix")) +
                         Language::stringForKey(QString::fromLatin1(measure.chartTitleKey));
-  return graphOf(measure, title, kTitleFont, font, y);
+  return graphOf(measure, title, kClinicalTitleFont, font, y);
 }
-
-void setSeries(Graph& graph, Series series) { static_cast<Series&>(graph) = std::move(series); }
 
 QString wholeText(double value) { return QString::number(static_cast<qint64>(value)); }
 
@@ -84,8 +82,8 @@ Graph pressureGraph(const Measure& measure, const GraphContext& context, const D
   const Scale range = pressureScale(days, *norm);
   const Scale scale = widened(range);
   addPressureMarks(graph, context, band, range, *norm);
-  setSeries(graph, curveSeries(seriesForm(context, band, kPressureFont), days, scale,
-                               pressureRamp(scale, *norm), wholeText));
+  graph.setSeries(curveSeries(seriesForm(context, band, kPressureFont), days, scale,
+                              pressureRamp(scale, *norm), wholeText));
   graph.lines = {graphLine(band.y(scale, static_cast<double>(norm->middle)), palette::white)};
   return graph;
 }
@@ -98,8 +96,8 @@ Graph bloodGraph(const Measure& measure, const GraphContext& context, const DayV
   const Band band = bandOf(measure, y);
   const Scale& scale = *measure.scale;
   addBloodMarks(graph, context, band, scale, *norm);
-  setSeries(graph, curveSeries(seriesForm(context, band, kBloodFont), days, scale, bloodRamp(scale, *norm),
-                               oneDecimal));
+  graph.setSeries(
+      curveSeries(seriesForm(context, band, kBloodFont), days, scale, bloodRamp(scale, *norm), oneDecimal));
   for (const float limit : {norm->low, norm->high})
     graph.lines.push_back(graphLine(band.y(scale, static_cast<double>(limit)), palette::white));
   return graph;

@@ -9,8 +9,8 @@
 namespace sanovia {
 namespace {
 
-constexpr PaperFont kTitleFont{9, true};
-constexpr PaperFont kFont{8};
+constexpr PaperFont kGeneralTitleFont{9, true};
+constexpr PaperFont kGeneralFont{8};
 // How far above its arrow the value of a mark begins, and how far above a band's foot that of its lowest one.
 constexpr double kTextAboveArrow = 2.0;
 constexpr double kTextAboveFoot = 7.0;
@@ -20,19 +20,18 @@ constexpr int kWellbeingRows = 4;
 Graph graphFor(const Measure& measure, double y) {
   const QString title =
       Language::stringForKey(QStringLiteral("reportprefix")) + titleOf(measure.chartTitleKey, measure.unit);
-  return graphOf(measure, title, kTitleFont, kFont, y);
+  return graphOf(measure, title, kGeneralTitleFont, kGeneralFont, y);
 }
 
 ValueWords wordsOf(const Measure& measure) {
   return [unit = measure.unit](double value) { return oneDecimal(shownValue(value, unit)); };
 }
 
-void setSeries(Graph& graph, Series series) { static_cast<Series&>(graph) = std::move(series); }
-
 // The labels of rows from the top, and the lines between them.
 void addRows(Graph& graph, const GraphContext& context, const Band& band, const QStringList& words) {
-  graph.rowLabels = rowWords(words, band, page::leftMargin,
-                             [&context](const QString& word) { return context.text.size(word, kFont); });
+  graph.rowLabels = rowWords(words, band, page::leftMargin, [&context](const QString& word) {
+    return context.text.size(word, kGeneralFont);
+  });
   for (const double y : rowLines(band, static_cast<int>(words.size())))
     graph.lines.push_back(graphLine(y, palette::white));
 }
@@ -58,7 +57,7 @@ void addWeightMarks(Graph& graph, const GraphContext& context, const Band& band,
   const double half = context.arrow.height() / 2;
   const double whole = context.arrow.height();
   const auto add = [&](bool isRed, double y, float value, double textUp) {
-    graph.marks.push_back(scaleMark(isRed, y, y - textUp, words(static_cast<double>(value)), kFont));
+    graph.marks.push_back(scaleMark(isRed, y, y - textUp, words(static_cast<double>(value)), kGeneralFont));
   };
   add(true, band.bottom() - half, scale.low, kTextAboveArrow);
   add(true, band.top - whole, scale.high, kTextAboveArrow);
@@ -83,12 +82,12 @@ Graph temperatureGraph(const Measure& measure, const GraphContext& context, cons
   const double below = scale.below(static_cast<double>(temperature::kNorm), band.height);
   const auto text = [&](float value) { return words(static_cast<double>(value)); };
   graph.marks = {
-      scaleMark(true, top, top - kTextAboveArrow, text(scale.high), kFont),
-      scaleMark(false, top + below, top - kTextAboveArrow + below, text(temperature::kNorm), kFont),
+      scaleMark(true, top, top - kTextAboveArrow, text(scale.high), kGeneralFont),
+      scaleMark(false, top + below, top - kTextAboveArrow + below, text(temperature::kNorm), kGeneralFont),
       scaleMark(true, band.bottom() - context.arrow.height() / 2, band.bottom() - kTextAboveFoot,
-                text(scale.low), kFont)};
-  setSeries(graph, barSeries(seriesForm(context, band, kFont), days, scale, temperature::kNorm,
-                             temperatureRamp(scale), words));
+                text(scale.low), kGeneralFont)};
+  graph.setSeries(barSeries(seriesForm(context, band, kGeneralFont), days, scale, temperature::kNorm,
+                            temperatureRamp(scale), words));
   graph.lines = {graphLine(band.top + below, palette::white, kNormLine)};
   return graph;
 }
@@ -100,7 +99,7 @@ Graph wellbeingGraph(const Measure& measure, const GraphContext& context, const 
   QStringList words;
   for (int row = 0; row < kWellbeingRows; ++row) words.append(entryOf("general_array1", row));
   addRows(graph, context, band, words);
-  setSeries(graph, levelSeries(seriesForm(context, band, kFont), days, kWellbeingRows));
+  graph.setSeries(levelSeries(seriesForm(context, band, kGeneralFont), days, kWellbeingRows));
   return graph;
 }
 
@@ -109,7 +108,7 @@ Graph appetiteGraph(const Measure& measure, const GraphContext& context, const D
   if (days.empty()) return graph;
   const Band band = bandOf(measure, y);
   addRows(graph, context, band, {entryOf("fistula_array", 1), entryOf("fistula_array", 0)});
-  setSeries(graph, cellSeries(seriesForm(context, band, kFont), days));
+  graph.setSeries(cellSeries(seriesForm(context, band, kGeneralFont), days));
   return graph;
 }
 
@@ -122,8 +121,8 @@ Graph weightGraph(const Measure& measure, const GraphContext& context, const Day
   const NormBand norm = weightNorm(height, scale);
   const ValueWords words = wordsOf(measure);
   addWeightMarks(graph, context, band, scale, norm, words);
-  setSeries(graph,
-            curveSeries(seriesForm(context, band, kFont), days, scale, weightRamp(scale, norm), words));
+  graph.setSeries(
+      curveSeries(seriesForm(context, band, kGeneralFont), days, scale, weightRamp(scale, norm), words));
   addNormLines(graph, band, scale, norm, colorLeftBehind(days));
   return graph;
 }
@@ -143,7 +142,8 @@ Graph bmiGraph(const Measure& measure, const GraphContext& context, const DayVal
               : std::nullopt;
   const double top = band.top - context.arrow.height() / 2;
   const auto add = [&](bool isRed, double arrowY, double textY, float value) {
-    graph.marks.push_back(scaleMark(isRed, arrowY, textY, oneDecimal(static_cast<double>(value)), kFont));
+    graph.marks.push_back(
+        scaleMark(isRed, arrowY, textY, oneDecimal(static_cast<double>(value)), kGeneralFont));
   };
   const auto addNorm = [&](bool isRed, float value) {
     const double arrowY = top + scale.below(static_cast<double>(value), band.height);
@@ -153,7 +153,8 @@ Graph bmiGraph(const Measure& measure, const GraphContext& context, const DayVal
   add(true, band.bottom() - context.arrow.height() / 2, band.bottom() - kTextAboveFoot, scale.low);
   addNorm(false, bmi::kUnderweight);
   addNorm(true, bmi::kOverweight);
-  setSeries(graph, curveSeries(seriesForm(context, band, kFont), days, scale, bmiRamp(scale), oneDecimal));
+  graph.setSeries(
+      curveSeries(seriesForm(context, band, kGeneralFont), days, scale, bmiRamp(scale), oneDecimal));
   addNormLines(graph, band, scale, {bmi::kUnderweight, bmi::kMiddle, bmi::kOverweight},
                colorLeftBehind(days));
   return graph;

@@ -35,6 +35,8 @@ struct Graph : Series {
   PaperFont font = {};                // of all but the title
   std::vector<GraphLine> lines = {};  // across all days, drawn last
   double nextY = 0;                   // where the next graph begins
+
+  void setSeries(Series series) { static_cast<Series&>(*this) = std::move(series); }
 };
 
 inline constexpr double kDotRadius = 2.0;

@@ -14,7 +14,7 @@ constexpr PaperFont kHeadValue{12, true};
 constexpr double kHeadLine = 14.0;
 constexpr double kHeadSpace = 5.0;
 
-constexpr PaperFont kTitleFont{18, true};
+constexpr PaperFont kSectionTitleFont{18, true};
 constexpr double kRoomAboveTable = 10.0;
 
 constexpr PaperFont kFooterFont{12};
@@ -29,8 +29,6 @@ struct SectionForm {
 
 // The head of blood tests stands further from its title.
 constexpr SectionForm kForms[] = {{"reportGl", 28}, {"reportPr", 28}, {"reportBd", 42}};
-
-QString word(const char* key) { return Language::stringForKey(QString::fromLatin1(key)); }
 
 const SectionForm& formOf(qint64 recordType) { return kForms[recordType]; }
 
@@ -55,8 +53,8 @@ double addTitle(std::vector<TextMark>& head, qint64 recordType, const ReportSubj
                 const PaperText& text) {
   y += formOf(recordType).titleOffset;
   const QString trial = subject.isTrial ? word("trial") : QString();
-  head.push_back(text.centered(sectionTitle(recordType) + trial, {page::kWidth / 2, y}, kTitleFont));
-  return y + kTitleFont.size;
+  head.push_back(text.centered(sectionTitle(recordType) + trial, {page::kWidth / 2, y}, kSectionTitleFont));
+  return y + kSectionTitleFont.size;
 }
 
 template <class Record>

@@ -5,7 +5,7 @@
 namespace sanovia {
 namespace {
 
-constexpr PaperFont kFont{8, true};
+constexpr PaperFont kRulerFont{8, true};
 constexpr qint32 kSteps = 3;
 // Where the lines begin, from the end of the column of labels.
 constexpr double kLinesBefore = 5.0;
@@ -35,7 +35,8 @@ std::vector<TextMark> drawStringsAtPos(double x, double yPos, double height, qin
                                        const PaperText& text) {
   std::vector<TextMark> texts;
   forEachStep(yPos, height, max, [&](qint32 number, double y) {
-    texts.push_back(text.centered(QString::number(number), {x + page::textWidth / 2, y - kFont.size}, kFont));
+    texts.push_back(
+        text.centered(QString::number(number), {x + page::textWidth / 2, y - kRulerFont.size}, kRulerFont));
   });
   return texts;
 }
@@ -59,9 +60,10 @@ Ruler drawStringValuesAtPos(double x, double yPos, double height, const std::arr
   }
   const double middle = x + page::textWidth / 2;
   const auto number = [](float value) { return QString::number(static_cast<double>(value), 'g', 6); };
-  ruler.texts = {text.centered(number(values.front()), {middle, yPos - text.ascent(kFont)}, kFont),
-                 // The letters' depth counts downward from the line, and so upward here.
-                 text.centered(number(values.back()), {middle, yPos - height - text.descent(kFont)}, kFont)};
+  ruler.texts = {
+      text.centered(number(values.front()), {middle, yPos - text.ascent(kRulerFont)}, kRulerFont),
+      // The letters' depth counts downward from the line, and so upward here.
+      text.centered(number(values.back()), {middle, yPos - height - text.descent(kRulerFont)}, kRulerFont)};
   return ruler;
 }
 

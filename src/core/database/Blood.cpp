@@ -3,17 +3,17 @@
 namespace sanovia {
 namespace {
 
-using Column = RecordColumn<Blood>;
+using BloodColumn = RecordColumn<Blood>;
 
-const Column kColumns[] = {
+const BloodColumn kBloodColumns[] = {
     {BLOOD_KEY_ID, DBField::Integer, &Blood::pk},
     {BLOOD_KEY_USER_ID, DBField::Integer, &Blood::user_pk},
     {BLOOD_KEY_date, DBField::Text, &Blood::date},
-    {BLOOD_KEY_hemoglobin, DBField::Float, &Blood::hemoglobin, Column::Average::Unrounded},
-    {BLOOD_KEY_crp, DBField::Float, &Blood::crp, Column::Average::Unrounded},
-    {BLOOD_KEY_esp, DBField::Float, &Blood::esp, Column::Average::Unrounded},
-    {BLOOD_KEY_albumin, DBField::Float, &Blood::albumin, Column::Average::Unrounded},
-    {BLOOD_KEY_wbc, DBField::Float, &Blood::wbc, Column::Average::Unrounded},
+    {BLOOD_KEY_hemoglobin, DBField::Float, &Blood::hemoglobin, BloodColumn::Average::Unrounded},
+    {BLOOD_KEY_crp, DBField::Float, &Blood::crp, BloodColumn::Average::Unrounded},
+    {BLOOD_KEY_esp, DBField::Float, &Blood::esp, BloodColumn::Average::Unrounded},
+    {BLOOD_KEY_albumin, DBField::Float, &Blood::albumin, BloodColumn::Average::Unrounded},
+    {BLOOD_KEY_wbc, DBField::Float, &Blood::wbc, BloodColumn::Average::Unrounded},
 };
 
 }  // namespace
@@ -21,7 +21,7 @@ const Column kColumns[] = {
 const RecordDescription<Blood>& Blood::description() {
   static const RecordDescription<Blood> description = {
       .table = TABLE_BLOOD,
-      .columns = kColumns,
+      .columns = kBloodColumns,
       .ownerReadWhenPresent = BLOOD_KEY_USER_ID,
       .initBuildsColumns = false,
       .todaySelectsKeyOnly = false,

@@ -8,10 +8,10 @@
 namespace sanovia {
 namespace {
 
-const QString kTable = QString::fromLatin1(TABLE_ME);
-constexpr qint32 kOnlyKey = 1;
+const QString kMeTable = QString::fromLatin1(TABLE_ME);
+constexpr qint32 kMeKey = 1;
 
-const RecordColumn<Me> kColumns[] = {
+const RecordColumn<Me> kMeColumns[] = {
     {ME_KEY_ID, DBField::Integer, &Me::pk},          {ME_KEY_NAME, DBField::Text, &Me::name},
     {ME_KEY_BIRTHDAY, DBField::Text, &Me::birthday}, {ME_KEY_EMAIL, DBField::Text, &Me::email},
     {ME_KEY_HMO, DBField::Integer, &Me::hmo},        {ME_KEY_DIAGNOSE, DBField::Integer, &Me::diagnose},
@@ -31,25 +31,25 @@ bool guarded(Operation operation) {
 }  // namespace
 
 const QList<DBField>& Me::columns() {
-  static const QList<DBField> fields = fieldsOf<Me>(kColumns);
+  static const QList<DBField> fields = fieldsOf<Me>(kMeColumns);
   return fields;
 }
 
 Me Me::me() {
-  return meWithContentValues(DBManager::sharedInstance().getRowFromTable(kTable, columns(), kOnlyKey));
+  return meWithContentValues(DBManager::sharedInstance().getRowFromTable(kMeTable, columns(), kMeKey));
 }
 
 Me Me::meWithContentValues(const RowMap& values) {
   Me record;
-  assignValues<Me>(record, kColumns, columns(), values);
+  assignValues<Me>(record, kMeColumns, columns(), values);
   return record;
 }
 
-RowMap Me::contentValues() const { return valuesOf<Me>(*this, kColumns, columns(), 1); }
+RowMap Me::contentValues() const { return valuesOf<Me>(*this, kMeColumns, columns(), 1); }
 
 bool Me::addMe() {
   guarded([this] {
-    pk = DBManager::sharedInstance().addRowToTable(kTable, columns(), contentValues());
+    pk = DBManager::sharedInstance().addRowToTable(kMeTable, columns(), contentValues());
     return true;
   });
   return pk != -1;
@@ -57,7 +57,7 @@ bool Me::addMe() {
 
 bool Me::updateMe() {
   return guarded([this] {
-    return DBManager::sharedInstance().updateRowInTable(kTable, columns(), contentValues(),
+    return DBManager::sharedInstance().updateRowInTable(kMeTable, columns(), contentValues(),
                                                         static_cast<qint32>(pk));
   });
 }

@@ -10,7 +10,7 @@ namespace sanovia {
 namespace {
 
 constexpr qint64 kHour = 3600;
-constexpr qint64 kDay = 86400;
+constexpr qint64 kDaySeconds = 86400;
 constexpr int kDaysOfWeek = 7;
 constexpr qint64 kTwoWeeks = 14;  // days
 constexpr int kMonthsOfYear = 12;
@@ -143,7 +143,7 @@ QDateTime Utils::setDayTimeFrom(const QDateTime& time, const QDateTime& day) {
 }
 
 qint64 Utils::daysBetweenDate(const QDateTime& start, const QDateTime& end) {
-  return (start.msecsTo(end) / 1000 + kHour) / kDay;
+  return (start.msecsTo(end) / 1000 + kHour) / kDaySeconds;
 }
 
 QDateTime Utils::date2WeeksAgo() { return Clock::now().addDays(-kTwoWeeks); }

@@ -24,7 +24,7 @@ constexpr qsizetype kUsualLine = 96;
 constexpr qsizetype kYearLength = 4;
 constexpr qsizetype kMonth = 5;
 constexpr qsizetype kPartLength = 2;
-constexpr qsizetype kDay = 8;
+constexpr qsizetype kDayPlace = 8;
 
 // A column of the file: a place in exchangeColumns(), or nothing for the date.
 using FileColumn = std::optional<size_t>;
@@ -201,7 +201,7 @@ QString faultText(const ParseFault& fault) {
 bool isDiaryDate(QStringView text) {
   return hasForm(text) &&
          QDate::isValid(wholeNumber(text.first(kYearLength)), wholeNumber(text.sliced(kMonth, kPartLength)),
-                        wholeNumber(text.sliced(kDay)));
+                        wholeNumber(text.sliced(kDayPlace)));
 }
 
 }  // namespace sanovia

@@ -86,6 +86,8 @@ QString Language::language() {
 
 bool Language::isEnglish() { return language() == english(); }
 
+QString word(const char* key) { return Language::stringForKey(QString::fromUtf8(key)); }
+
 QString LocalizedString(const QString& key, const QString& /*comment*/) {
   return Language::stringForKey(key);
 }

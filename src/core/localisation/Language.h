@@ -52,6 +52,9 @@ class Language {
   static void restart();
 };
 
+// The text under a key written in the source (UTF-8).
+QString word(const char* key);
+
 // The text under the key. The comment is for translators and is ignored.
 QString LocalizedString(const QString& key, const QString& comment);
 

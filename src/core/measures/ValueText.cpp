@@ -15,8 +15,6 @@ constexpr double kFahrenheitAtFreezing = 32.0;
 constexpr double kPoundsPerKilogram = 2.2046;
 constexpr qint64 kBestWellbeing = 3;
 
-QString word(const char* key) { return Language::stringForKey(QString::fromLatin1(key)); }
-
 QString unitText(Measure::Unit unit) {
   const bool metric = Preferences::isMetric();
   switch (unit) {

@@ -15,7 +15,7 @@
 namespace sanovia {
 namespace {
 
-constexpr int kTitlePixels = 15;
+constexpr int kMonthTitlePixels = 15;
 constexpr int kWeekdayPixels = 11;
 
 }  // namespace
@@ -30,7 +30,7 @@ MLCalendarView::MLCalendarView(QWidget* parent)
 MLCalendarView::~MLCalendarView() = default;
 
 void MLCalendarView::viewDidLoad() {
-  QFont title = fonts::system(kTitlePixels);
+  QFont title = fonts::system(kMonthTitlePixels);
   title.setBold(true);
   _ui->calendarTitle->setFont(title);
   for (int i = 1; i <= calendar::kCells; ++i) {

@@ -7,7 +7,7 @@
 namespace sanovia {
 namespace {
 
-QAccessibleInterface* makeInterface(const QString& /*className*/, QObject* object) {
+QAccessibleInterface* chartsInterface(const QString& /*className*/, QObject* object) {
   auto* view = qobject_cast<ChartsView*>(object);
   return view == nullptr ? nullptr : new ChartsAccessible(view);
 }
@@ -126,7 +126,7 @@ ChartsAccessible::~ChartsAccessible() {
 }
 
 void ChartsAccessible::install() {
-  static const bool installed = (QAccessible::installFactory(makeInterface), true);
+  static const bool installed = (QAccessible::installFactory(chartsInterface), true);
   Q_UNUSED(installed)
 }
 

@@ -11,9 +11,8 @@
 namespace sanovia {
 namespace {
 
-constexpr int kTitlePixels = 16;
+constexpr int kButtonTitlePixels = 16;
 constexpr double kImageLeft = 10.0;
-constexpr double kDisabledFraction = 0.3;
 constexpr double kTriangleFromRight = 24.0;
 // An equilateral triangle of twice this height.
 constexpr double kTriangleHalfHeight = 6.0;
@@ -39,7 +38,7 @@ ChartsButton::ChartsButton(QWidget* parent) : QPushButton(parent) {
   ClickAccessible::installFor(QString::fromLatin1(ChartsButton::staticMetaObject.className()));
   setCheckable(true);
   setFlat(true);
-  setFont(fonts::verdana(kTitlePixels));
+  setFont(fonts::verdana(kButtonTitlePixels));
 }
 
 void ChartsButton::setImage(const NamedImage& image, ImagePosition position) {
@@ -53,7 +52,7 @@ void ChartsButton::paintEvent(QPaintEvent* /*event*/) {
       chartsButtonPlan(size(), _imagePosition, _image.size(), textMeasure(font())(text()), isChecked());
   QPainter painter(this);
   painter.fillRect(rect(), isChecked() ? palette::lightTeal : palette::buttonTeal);
-  _image.drawInRect(painter, plan.image, isEnabled() ? 1.0 : kDisabledFraction);
+  _image.drawInRect(painter, plan.image, isEnabled() ? 1.0 : palette::disabledFraction);
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setFont(font());
   painter.setPen(palette::white);

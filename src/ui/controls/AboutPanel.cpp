@@ -15,7 +15,7 @@ namespace {
 
 // Measured from the lower edge.
 constexpr QRect kStrip(92, 44, 221, 20);
-constexpr double kRadius = 14;
+constexpr double kPanelRadius = 14;
 constexpr double kIconSize = 104;
 constexpr double kIconTop = 28;
 constexpr double kFrameOpacity = 0.25;
@@ -26,7 +26,7 @@ constexpr int kSmallPixels = 12;
 
 QPainterPath card(const QSizeF& size) {
   QPainterPath path;
-  path.addRoundedRect(QRectF(QPointF(0, 0), size), kRadius, kRadius);
+  path.addRoundedRect(QRectF(QPointF(0, 0), size), kPanelRadius, kPanelRadius);
   return path;
 }
 
@@ -68,7 +68,7 @@ void AboutPanel::paintEvent(QPaintEvent* /*event*/) {
   frame.setAlphaF(kFrameOpacity);
   painter.setPen(frame);
   painter.setBrush(Qt::NoBrush);
-  painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), kRadius, kRadius);
+  painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), kPanelRadius, kPanelRadius);
   NamedImage::named(QStringLiteral("Sanovia"))
       .drawInRect(painter, QRectF((width() - kIconSize) / 2, kIconTop, kIconSize, kIconSize));
 }

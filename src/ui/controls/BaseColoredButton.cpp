@@ -2,16 +2,11 @@
 
 #include <QPainter>
 
+#include "drawing/Palette.h"
 #include "ui/controls/ClickAccessible.h"
 #include "ui/controls/FocusMark.h"
 
 namespace sanovia {
-namespace {
-
-constexpr double kDisabledFraction = 0.3;
-
-}  // namespace
-
 QPointF imageOrigin(ImagePosition position, QSizeF button, QSizeF image) {
   const double centredX = static_cast<float>(button.width() - image.width()) * 0.5;
   const double centredY = static_cast<float>(button.height() - image.height()) * 0.5;
@@ -80,7 +75,7 @@ QRectF BaseColoredButton::imageRect(QSizeF image) const {
   return _isFitToFrame ? QRectF(rect()) : QRectF(imageOrigin(_imagePosition, size(), image), image);
 }
 
-double BaseColoredButton::fraction() const { return isEnabled() ? 1.0 : kDisabledFraction; }
+double BaseColoredButton::fraction() const { return isEnabled() ? 1.0 : palette::disabledFraction; }
 
 void BaseColoredButton::paintEvent(QPaintEvent* event) {
   const NamedImage image = currentImage();

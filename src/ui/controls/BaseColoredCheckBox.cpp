@@ -7,12 +7,6 @@
 #include "drawing/Palette.h"
 
 namespace sanovia {
-namespace {
-
-constexpr double kDisabledFraction = 0.3;
-
-}  // namespace
-
 void BaseColoredCheckBox::setMixed(bool mixed) {
   _mixed = mixed;
   update();
@@ -42,7 +36,7 @@ void BaseColoredCheckBox::paintEvent(QPaintEvent* event) {
     initStyleOption(&option);
     const QRectF box = style()->subElementRect(QStyle::SE_CheckBoxIndicator, &option, this);
     NamedImage::named(QStringLiteral("CheckBox_line"))
-        .drawInRect(painter, box, isEnabled() ? 1.0 : kDisabledFraction);
+        .drawInRect(painter, box, isEnabled() ? 1.0 : palette::disabledFraction);
   }
   if (!isEnabled()) painter.fillRect(rect(), sanovia::palette::veil);
 }

@@ -11,7 +11,7 @@ QSet<QString>& classNames() {
   return names;
 }
 
-QAccessibleInterface* makeInterface(const QString& className, QObject* object) {
+QAccessibleInterface* clickInterface(const QString& className, QObject* object) {
   auto* button = qobject_cast<QAbstractButton*>(object);
   return button != nullptr && classNames().contains(className) ? new ClickAccessible(button) : nullptr;
 }
@@ -21,7 +21,7 @@ QAccessibleInterface* makeInterface(const QString& className, QObject* object) {
 ClickAccessible::ClickAccessible(QAbstractButton* button) : QAccessibleWidget(button, QAccessible::Button) {}
 
 void ClickAccessible::installFor(const QString& className) {
-  if (classNames().isEmpty()) QAccessible::installFactory(makeInterface);
+  if (classNames().isEmpty()) QAccessible::installFactory(clickInterface);
   classNames().insert(className);
 }
 

@@ -9,7 +9,7 @@
 namespace sanovia {
 namespace {
 
-const QString kSheet = QStringLiteral(R"(
+const QString kHouseSheet = QStringLiteral(R"(
 QMenuBar { background: @darkTeal; color: @white; padding: 2px 8px; }
 QMenuBar::item { background: transparent; padding: 5px 12px; border-radius: 5px; }
 QMenuBar::item:selected, QMenuBar::item:pressed { background: @teal; }
@@ -69,7 +69,7 @@ constexpr Name kNames[] = {
     {"@blockGrey", palette::blockGrey}};
 
 QString sheetInColours() {
-  QString sheet = kSheet;
+  QString sheet = kHouseSheet;
   for (const Name& name : kNames) sheet.replace(QLatin1String(name.name), name.colour.name());
   return sheet;
 }

@@ -17,7 +17,7 @@ constexpr int kArrowHeight = 10;
 constexpr int kArrowHalfWidth = 10;
 constexpr int kPadding = 8;  // around the content
 constexpr int kMargin = 4;   // to the window's edges
-constexpr int kRadius = 10;
+constexpr int kPopoverRadius = 10;
 constexpr int kFadeTime = 120;  // milliseconds
 constexpr double kFrameWidth = 1.5;
 
@@ -34,7 +34,7 @@ PopoverPlan popoverPlan(const QRect& anchor, const QSize& content, const QRect& 
   const int y = plan.isAbove ? anchor.top() - size.height() : anchor.top() + anchor.height();
   plan.frame = QRect(QPoint(x, y), size);
   plan.content = QRect(QPoint(kPadding, kPadding + (plan.isAbove ? 0 : kArrowHeight)), content);
-  const int tipEdge = kRadius + kArrowHalfWidth;
+  const int tipEdge = kPopoverRadius + kArrowHalfWidth;
   plan.arrowTip =
       QPoint(qBound(tipEdge, centre - x, size.width() - tipEdge), plan.isAbove ? size.height() : 0);
   return plan;
@@ -106,8 +106,8 @@ void Popover::paintEvent(QPaintEvent* /*event*/) {
   const double inset = kFrameWidth / 2;
   QPainterPath panel;
   panel.addRoundedRect(
-      QRectF(0, top, width(), height() - kArrowHeight).adjusted(inset, inset, -inset, -inset), kRadius,
-      kRadius);
+      QRectF(0, top, width(), height() - kArrowHeight).adjusted(inset, inset, -inset, -inset), kPopoverRadius,
+      kPopoverRadius);
   const double foot = _plan.isAbove ? height() - kArrowHeight - kFrameWidth : kArrowHeight + kFrameWidth;
   QPainterPath arrow(QPointF(_plan.arrowTip.x() - kArrowHalfWidth, foot));
   arrow.lineTo(_plan.arrowTip.x(), _plan.arrowTip.y() + (_plan.isAbove ? -inset : inset));

@@ -9,7 +9,7 @@ namespace {
 constexpr int kAtRest = 150;  // of 255
 constexpr int kUnderPointer = 220;
 
-const QString kSheet = QStringLiteral(
+const QString kScrollerSheet = QStringLiteral(
     "QScrollBar { background: transparent; border: none; margin: 2px 2px 2px 0; }"
     "QScrollBar:vertical { width: %3px; }"
     "QScrollBar::handle { background: %1; border-radius: 4px; min-height: 32px; }"
@@ -26,7 +26,7 @@ QString withAlpha(QColor color, int alpha) {
 
 void dressScroller(QScrollBar* bar, const QColor& handle) {
   bar->setStyleSheet(
-      kSheet.arg(withAlpha(handle, kAtRest), withAlpha(handle, kUnderPointer)).arg(kScrollerWidth));
+      kScrollerSheet.arg(withAlpha(handle, kAtRest), withAlpha(handle, kUnderPointer)).arg(kScrollerWidth));
 }
 
 }  // namespace sanovia

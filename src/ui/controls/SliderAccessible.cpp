@@ -5,7 +5,7 @@
 namespace sanovia {
 namespace {
 
-QAccessibleInterface* makeInterface(const QString& /*className*/, QObject* object) {
+QAccessibleInterface* sliderInterface(const QString& /*className*/, QObject* object) {
   auto* slider = qobject_cast<WhiteSlider*>(object);
   return slider == nullptr ? nullptr : new SliderAccessible(slider);
 }
@@ -19,7 +19,7 @@ double stepOf(const WhiteSlider& slider) {
 SliderAccessible::SliderAccessible(WhiteSlider* slider) : QAccessibleWidget(slider, QAccessible::Slider) {}
 
 void SliderAccessible::install() {
-  static const bool installed = (QAccessible::installFactory(makeInterface), true);
+  static const bool installed = (QAccessible::installFactory(sliderInterface), true);
   Q_UNUSED(installed)
 }
 

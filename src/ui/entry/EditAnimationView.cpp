@@ -27,8 +27,6 @@ int fieldCount() {
   return static_cast<int>(count);
 }
 
-QString word(const char* key) { return Language::stringForKey(QString::fromLatin1(key)); }
-
 BaseColoredButton* makeButton(QWidget* parent, const QString& stem) {
   auto* button = new BaseColoredButton(parent);
   button->setImageName(stem + QStringLiteral("-off"));

@@ -15,7 +15,7 @@
 namespace sanovia {
 namespace {
 
-constexpr int kTitlePixels = 14;
+constexpr int kFieldTitlePixels = 14;
 constexpr int kValuePixels = 17;
 constexpr double kSignWidth = 7;
 
@@ -60,7 +60,7 @@ void EditAnimationView::paintBand(QPainter& painter, const EditPanelPlan& where)
   band.addPolygon(where.band);
   painter.fillPath(band, palette::white);
   painter.setPen(palette::red);
-  const QFont font = fonts::verdana(kTitlePixels);
+  const QFont font = fonts::verdana(kFieldTitlePixels);
   for (int i = 0; i < static_cast<int>(where.columns.size()); ++i) {
     const EditPanelColumn& column = where.columns[static_cast<size_t>(i)];
     _icons[i].drawInRect(painter, column.icon);

@@ -11,16 +11,17 @@
 namespace sanovia {
 namespace {
 
-constexpr int kTitlePixels = 14;
+constexpr int kHeaderTitlePixels = 14;
 constexpr double kTitleAboveFoot = 45;
-constexpr double kImageTop = 25;  // from the header's own top, not the cell's
+constexpr double kHeaderImageTop = 25;  // from the header's own top, not the cell's
 
 }  // namespace
 
 HeaderCellPlan headerCellPlan(const QRectF& frame, double titleWidth, QSizeF image) {
-  return {.title = QPointF((frame.width() - titleWidth) * 0.5 + frame.x(),
-                           frame.y() + frame.height() - kTitleAboveFoot),
-          .image = QRectF(QPointF((frame.width() - image.width()) * 0.5 + frame.x(), kImageTop), image)};
+  return {
+      .title = QPointF((frame.width() - titleWidth) * 0.5 + frame.x(),
+                       frame.y() + frame.height() - kTitleAboveFoot),
+      .image = QRectF(QPointF((frame.width() - image.width()) * 0.5 + frame.x(), kHeaderImageTop), image)};
 }
 
 IconHeader::IconHeader(const DayTableModel* model, QWidget* parent)
@@ -31,7 +32,7 @@ IconHeader::IconHeader(const DayTableModel* model, QWidget* parent)
   setFont(titleFont());
 }
 
-QFont IconHeader::titleFont() { return fonts::verdana(kTitlePixels); }
+QFont IconHeader::titleFont() { return fonts::verdana(kHeaderTitlePixels); }
 
 QSize IconHeader::sizeHint() const { return {QHeaderView::sizeHint().width(), kHeight}; }
 
