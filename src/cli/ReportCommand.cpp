@@ -6,9 +6,9 @@
 #include <optional>
 
 #include "cli/Console.h"
+#include "core/database/Statement.h"
 #include "core/dates/Utils.h"
 #include "core/diary/DateInterval.h"
-#include "core/exchange/DiaryConnection.h"
 #include "core/exchange/DiaryTable.h"
 #include "core/foundation/Paths.h"
 #include "core/foundation/WholeFile.h"
@@ -77,9 +77,9 @@ std::optional<QString> wrongInterval(const Interval& interval, const ReportOptio
 
 // Why the diary cannot be read, or nothing; the report itself would take it for empty.
 std::optional<QString> unreadableDiary() {
-  DiaryConnection connection(Paths::databaseFile(), kPatience);
+  Connection connection(Paths::databaseFile(), kPatience);
   for (const QString& table : {General::tableName(), Pressure::tableName(), Blood::tableName()})
-    DiaryQuery(connection, QStringLiteral("SELECT COUNT(*) FROM ") + table).nextRow();
+    static_cast<void>(Statement(connection, QStringLiteral("SELECT COUNT(*) FROM ") + table).nextRow());
   return connection.isGood() ? std::nullopt : std::optional(connection.error());
 }
 

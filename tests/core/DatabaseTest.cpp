@@ -95,13 +95,37 @@ TEST_F(Database, AStrangeFileIsReadAsFarAsItGoesAndLeftAsItIs) {
   execute(u"DROP TABLE pressure"_s);
   const QByteArray lacking = bytesOf(Paths::databaseFile());
   const QByteArray broken = QByteArray("SQLite format 3\0", 16) + noise(3, 5000);
-  for (const auto& [bytes, count] :
-       {std::pair(ofTheFuture, 1), {lacking, 0}, {broken, 0}, {QByteArray(), 0}}) {
+  for (const auto& [bytes, count, reason] :
+       {std::tuple(ofTheFuture, 1, u"attempt to write a readonly database"_s),
+        {lacking, 0, u"no such table: pressure"_s},
+        {broken, 0, u"file is not a database"_s}}) {
     writeBytes(Paths::databaseFile(), bytes);
     restart();
     expectAnswers(0, true, count);
-    EXPECT_EQ(takeLog().size(), count == 0 ? 1 : 0);
+    // Each operation that failed tells of itself; a prepared read of one row has a line of its own besides.
+    const QStringList log = takeLog();
+    EXPECT_EQ(log.size(), count == 0 ? 6 : 2);
+    EXPECT_TRUE(log.contains(u"Sanovia.db: INSERT pressure failed: "_s + reason))
+        << qPrintable(log.join(u'|'));
     EXPECT_EQ(bytesOf(Paths::databaseFile()), bytes);
+  }
+}
+
+TEST_F(Database, WhatIsNoDiaryIsReplacedByAWholeOne) {
+  const auto gone = [] { QFile::remove(Paths::databaseFile()); };
+  const auto emptied = [] { writeBytes(Paths::databaseFile(), {}); };
+  for (const std::function<void()>& harm : {std::function<void()>(gone), std::function<void()>(emptied)}) {
+    // While the program runs, the next write makes it; at a start it is there at once.
+    add();
+    harm();
+    writeBytes(Paths::databaseFile() + u"-journal"_s, noise(4, 5000));
+    EXPECT_EQ(add(), 1);
+    harm();
+    restart();
+    EXPECT_TRUE(manager().createDatabase());
+    EXPECT_EQ(query(u"PRAGMA integrity_check"_s) + query(u"SELECT COUNT(*) FROM sqlite_master"_s),
+              texts({"ok", "6"}));
+    EXPECT_EQ(int(QFileInfo(Paths::databaseFile()).permissions()) & 0x7077, 0x6000);
   }
 }
 

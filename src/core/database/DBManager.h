@@ -1,21 +1,21 @@
 // The one gateway to the SQLite file of the diary. It creates the file with its schema and offers a generic
 // row interface: a caller names a table, lists its columns and gives or takes maps of values.
 //
-// Every operation opens the file, does its work and closes it. Table, field and date arguments go into the
-// SQL text unescaped: only the system's own constants and formatted dates may be passed. A failure gives an
-// empty result and at most a line in the log. Main thread only.
+// Every operation opens the file, does its work and closes it. One that writes makes a diary that is gone
+// anew. Table, field and date arguments go into the SQL text unescaped: only the system's own constants and
+// formatted dates may be passed. A failure gives an empty result and its line in the log. Main thread only.
 #pragma once
 
 #include <QList>
 #include <QString>
 
 #include <functional>
+#include <memory>
 #include <optional>
 
+#include "core/database/Connection.h"
 #include "core/database/DBField.h"
 #include "core/database/RowMap.h"
-
-struct sqlite3;
 
 namespace sanovia {
 
@@ -26,9 +26,8 @@ class DBManager {
   // Drops the instance, so that the next call of sharedInstance() begins anew.
   static void releaseSharedInstance();
 
-  // True when the file exists already, whatever is in it, or was made with its five tables. A new folder is
-  // open to its owner alone (0700), a new file too (0600). A schema that failed half way is not repaired
-  // later.
+  // True when there is a file that is not empty, whatever is in it, or when it was made with its five tables,
+  // whole or not at all. A new folder is open to its owner alone (0700), a new file too (0600).
   bool createDatabase();
   const QString& databasePath() const { return _databasePath; }
 
@@ -77,13 +76,13 @@ class DBManager {
   std::optional<QString> minimalDate(const QString& field, const QString& table);
 
  private:
-  class Connection;
+  class Operation;
 
   qint32 countBySQL(const QString& sql);
   void execInOwnConnection(const QString& sql);
 
   QString _databasePath;
-  sqlite3* _database = nullptr;
+  std::unique_ptr<Connection> _connection;  // of the operation now running
   bool _waitedInVain = false;  // whether the operation before waited for another process and gave up
 };
 

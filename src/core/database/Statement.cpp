@@ -1,21 +1,30 @@
 #include "core/database/Statement.h"
 
+#include <sqlite3.h>
+#include <utility>
+
 namespace sanovia {
 
-Statement::Statement(sqlite3* database, const QByteArray& sql) {
-  sqlite3_prepare_v2(database, sql.constData(), -1, &_statement, nullptr);
+Statement::Statement(Connection& connection, QByteArray sql) : _connection(connection), _sql(std::move(sql)) {
+  if (_connection.isGood())
+    check(sqlite3_prepare_v2(_connection.handle(), _sql.constData(), -1, &_statement, nullptr));
 }
 
 Statement::~Statement() { sqlite3_finalize(_statement); }
 
-int Statement::step() { return _statement == nullptr ? SQLITE_MISUSE : sqlite3_step(_statement); }
+void Statement::check(int code) { static_cast<void>(_connection.accept(code, _sql)); }
 
-void Statement::bind(int place, qint32 value) { sqlite3_bind_int(_statement, place, value); }
+void Statement::bind(int place, qint64 value) {
+  if (_connection.isGood()) check(sqlite3_bind_int64(_statement, place, value));
+}
 
-void Statement::bind(int place, double value) { sqlite3_bind_double(_statement, place, value); }
+void Statement::bind(int place, double value) {
+  if (_connection.isGood()) check(sqlite3_bind_double(_statement, place, value));
+}
 
 void Statement::bind(int place, const QString& value) {
-  sqlite3_bind_text(_statement, place, value.toUtf8().constData(), -1, SQLITE_TRANSIENT);
+  if (_connection.isGood())
+    check(sqlite3_bind_text(_statement, place, value.toUtf8().constData(), -1, SQLITE_TRANSIENT));
 }
 
 void Statement::bind(int place, const DBField& column, const FieldValue& value) {
@@ -27,7 +36,22 @@ void Statement::bind(int place, const DBField& column, const FieldValue& value) 
   }
 }
 
-qint32 Statement::integer(int column) const { return sqlite3_column_int(_statement, column); }
+bool Statement::nextRow() {
+  if (!_connection.isGood()) return false;
+  const int code = sqlite3_step(_statement);
+  if (code != SQLITE_ROW && code != SQLITE_DONE) check(code);
+  return code == SQLITE_ROW;
+}
+
+bool Statement::execute() {
+  static_cast<void>(nextRow());
+  if (!_connection.isGood()) return false;
+  check(sqlite3_reset(_statement));
+  check(sqlite3_clear_bindings(_statement));
+  return _connection.isGood();
+}
+
+qint64 Statement::integer(int column) const { return sqlite3_column_int64(_statement, column); }
 
 double Statement::real(int column) const { return sqlite3_column_double(_statement, column); }
 
@@ -44,7 +68,7 @@ void Statement::read(const QList<DBField>& columns, RowMap& row) const {
   int number = 0;
   for (const DBField& column : columns) {
     switch (column.type()) {
-      case DBField::Integer: row.append(column.title(), integer(number)); break;
+      case DBField::Integer: row.append(column.title(), static_cast<qint32>(integer(number))); break;
       case DBField::Float: row.append(column.title(), real(number)); break;
       case DBField::Text: row.append(column.title(), text(number)); break;
       default: break;

@@ -1,48 +1,58 @@
-// A prepared statement that ends with its scope. A text that does not prepare leaves a null statement, whose
-// step answers SQLITE_MISUSE and which yields no row.
+// A prepared statement, which ends with its scope and can be executed many times. Whatever fails in it is
+// kept by its connection; after a failure it yields no row.
 #pragma once
 
 #include <QByteArray>
 #include <QList>
 
-#include <sqlite3.h>
-
+#include "core/database/Connection.h"
 #include "core/database/DBField.h"
 #include "core/database/RowMap.h"
 
+struct sqlite3_stmt;
+
 namespace sanovia {
 
-class Statement {
+class [[nodiscard]] Statement {
  public:
-  Statement(sqlite3* database, const QByteArray& sql);
+  Statement(Connection& connection, QByteArray sql);
+  Statement(Connection& connection, const QString& sql) : Statement(connection, sql.toUtf8()) {}
   ~Statement();
   Statement(const Statement&) = delete;
   Statement& operator=(const Statement&) = delete;
 
-  bool isPrepared() const { return _statement != nullptr; }
-  // The result code of sqlite3_step().
-  int step();
-  bool nextRow() { return step() == SQLITE_ROW; }
+  [[nodiscard]] bool isPrepared() const { return _statement != nullptr; }
 
-  // Places count from 1.
-  void bind(int place, qint32 value);
+  // Places count from 1; one that is not bound is NULL.
+  void bind(int place, qint32 value) { bind(place, static_cast<qint64>(value)); }
+  void bind(int place, qint64 value);
   void bind(int place, double value);
   void bind(int place, const QString& value);
   // Binds as the column's type says; a type that no column list uses binds nothing.
   void bind(int place, const DBField& column, const FieldValue& value);
 
+  // False at the end of the rows and on a failure, which only the connection tells apart.
+  [[nodiscard]] bool nextRow();
+  // Runs a statement that yields no row, and takes it back to its start with nothing bound. False on a
+  // failure, now or before.
+  [[nodiscard]] bool execute();
+
   // Columns count from 0.
-  qint32 integer(int column) const;
-  double real(int column) const;
-  bool isNull(int column) const;
+  [[nodiscard]] qint64 integer(int column) const;
+  [[nodiscard]] double real(int column) const;
+  [[nodiscard]] bool isNull(int column) const;
   // A NULL gives the empty text.
-  QString text(int column) const;
+  [[nodiscard]] QString text(int column) const;
 
   // Makes the row the current one of the result set, under the titles of the columns and read by position.
   void read(const QList<DBField>& columns, RowMap& row) const;
-  RowMap row(const QList<DBField>& columns) const;
+  [[nodiscard]] RowMap row(const QList<DBField>& columns) const;
 
  private:
+  void check(int code);
+
+  Connection& _connection;
+  QByteArray _sql;
   sqlite3_stmt* _statement = nullptr;
 };
 

@@ -6,15 +6,15 @@
 #include <vector>
 
 #include "core/database/DBManager.h"
+#include "core/database/Statement.h"
 #include "core/exchange/Columns.h"
-#include "core/exchange/DiaryConnection.h"
 #include "core/exchange/DiaryTable.h"
 #include "core/foundation/WholeFile.h"
 
 namespace sanovia {
 namespace {
 
-std::optional<double> valueAt(const DiaryQuery& query, int column) {
+std::optional<double> valueAt(const Statement& query, int column) {
   if (query.isNull(column) || query.real(column) == kNotEntered) return std::nullopt;
   return query.real(column);
 }
@@ -22,7 +22,7 @@ std::optional<double> valueAt(const DiaryQuery& query, int column) {
 // Reads the days of all tables on one connection.
 class DayCollector {
  public:
-  DayCollector(DiaryConnection& connection, const ExchangeProgress& progress)
+  DayCollector(Connection& connection, const ExchangeProgress& progress)
       : _connection(connection), _progress(progress) {}
 
   void collect() {
@@ -41,16 +41,16 @@ class DayCollector {
 
  private:
   qint64 rowsIn(const ExchangeTable& table) {
-    DiaryQuery query(_connection, QStringLiteral("SELECT COUNT(*) FROM %1").arg(table.name));
+    Statement query(_connection, QStringLiteral("SELECT COUNT(*) FROM %1").arg(table.name));
     return query.nextRow() ? query.integer(0) : 0;
   }
 
   void readTable(const ExchangeTable& table) {
     QStringList fields = {table.dateField};
     for (const ExchangeColumn& column : columnsOf(table)) fields.append(column.field);
-    DiaryQuery query(_connection,
-                     QStringLiteral("SELECT %1 FROM %2 ORDER BY %3, %4")
-                         .arg(fields.join(QLatin1Char(',')), table.name, table.dateField, table.keyField));
+    Statement query(_connection,
+                    QStringLiteral("SELECT %1 FROM %2 ORDER BY %3, %4")
+                        .arg(fields.join(QLatin1Char(',')), table.name, table.dateField, table.keyField));
     QString previous;
     while (query.nextRow()) {
       const QString date = query.text(0);
@@ -63,13 +63,13 @@ class DayCollector {
     }
   }
 
-  void readRow(const DiaryQuery& query, const ExchangeTable& table, const QString& date) {
+  void readRow(const Statement& query, const ExchangeTable& table, const QString& date) {
     ExchangeDay& day = _days.try_emplace(date, date).first->second;
     for (size_t i = 0; i < table.columnCount; ++i)
       day.values[table.firstColumn + i] = valueAt(query, static_cast<int>(i) + 1);
   }
 
-  DiaryConnection& _connection;
+  Connection& _connection;
   const ExchangeProgress& _progress;
   std::map<QString, ExchangeDay> _days;
   qint64 _rowsWithoutDay = 0;
@@ -84,12 +84,10 @@ ExchangeResult exportDiary(const QString& csvFile, const ExchangeOptions& option
   if (isSameFile(csvFile, diary))
     return FileError{csvFile + QStringLiteral(": is the diary itself, which an export may not replace")};
 
-  DiaryConnection connection(diary, options.patience);
+  Connection connection(diary, options.patience);
   DayCollector collector(connection, options.progress);
-  connection.run("BEGIN");
-  collector.collect();
-  connection.run("COMMIT");
-  if (!connection.isGood()) return FileError{connection.error()};
+  if (connection.run("BEGIN")) collector.collect();
+  if (!connection.commit()) return FileError{connection.error()};
 
   const std::vector<ExchangeDay> days = collector.days();
   if (auto error = writeWhole(csvFile, csvOf(days))) return *error;

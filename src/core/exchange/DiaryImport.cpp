@@ -8,8 +8,8 @@
 #include <span>
 
 #include "core/database/DBManager.h"
+#include "core/database/Statement.h"
 #include "core/exchange/Columns.h"
-#include "core/exchange/DiaryConnection.h"
 #include "core/foundation/WholeFile.h"
 
 namespace sanovia {
@@ -32,25 +32,25 @@ QString updateText(const ExchangeTable& table) {
       .arg(table.name, changes.join(QLatin1Char(',')), table.keyField);
 }
 
-QHash<QString, qint64> keysByDate(DiaryConnection& connection, const ExchangeTable& table) {
+QHash<QString, qint64> keysByDate(Connection& connection, const ExchangeTable& table) {
   QHash<QString, qint64> keys;
-  DiaryQuery query(connection, QStringLiteral("SELECT %1, MIN(%2) FROM %3 GROUP BY %1")
-                                   .arg(table.dateField, table.keyField, table.name));
+  Statement query(connection, QStringLiteral("SELECT %1, MIN(%2) FROM %3 GROUP BY %1")
+                                  .arg(table.dateField, table.keyField, table.name));
   while (query.nextRow()) keys.insert(query.text(0), query.integer(1));
   return keys;
 }
 
-void bindValue(DiaryQuery& query, int place, const ExchangeColumn& column, double value) {
+void bindValue(Statement& query, int place, const ExchangeColumn& column, double value) {
   if (column.isWhole)
     query.bind(place, static_cast<qint64>(value));
   else
     query.bind(place, value);
 }
 
-// Writes what the days hold of one table.
+// Writes what the days hold of one table. What fails is asked of the connection.
 class TableWriter {
  public:
-  TableWriter(DiaryConnection& connection, const ExchangeTable& table)
+  TableWriter(Connection& connection, const ExchangeTable& table)
       : _table(table),
         _keys(keysByDate(connection, table)),
         _insert(connection, insertText(table)),
@@ -75,7 +75,7 @@ class TableWriter {
     _insert.bind(place++, date);
     for (size_t i = 0; i < values.size(); ++i)
       bindValue(_insert, place++, columnsOf(_table)[i], values[i].value_or(kNotEntered));
-    _insert.execute();
+    static_cast<void>(_insert.execute());
   }
 
   void update(qint64 key, Values values) {
@@ -83,16 +83,16 @@ class TableWriter {
     for (size_t i = 0; i < values.size(); ++i, ++place)
       if (values[i]) bindValue(_update, place, columnsOf(_table)[i], *values[i]);
     _update.bind(place, key);
-    _update.execute();
+    static_cast<void>(_update.execute());
   }
 
   const ExchangeTable& _table;
   QHash<QString, qint64> _keys;
-  DiaryQuery _insert;
-  DiaryQuery _update;
+  Statement _insert;
+  Statement _update;
 };
 
-void writeDays(DiaryConnection& connection, const std::vector<ExchangeDay>& days,
+void writeDays(Connection& connection, const std::vector<ExchangeDay>& days,
                const ExchangeProgress& progress) {
   std::vector<std::unique_ptr<TableWriter>> writers;
   for (const ExchangeTable& table : exchangeTables())
@@ -114,11 +114,9 @@ bool hasValue(const ExchangeDay& day) {
 
 std::optional<FileError> storeDays(const QString& diary, const std::vector<ExchangeDay>& days,
                                    const ExchangeOptions& options) {
-  DiaryConnection connection(diary, options.patience);
-  connection.run("BEGIN IMMEDIATE");
-  writeDays(connection, days, options.progress);
-  connection.run("COMMIT");
-  return connection.isGood() ? std::nullopt : std::optional(FileError{connection.error()});
+  Connection connection(diary, options.patience);
+  if (connection.begin()) writeDays(connection, days, options.progress);
+  return connection.commit() ? std::nullopt : std::optional(FileError{connection.error()});
 }
 
 ExchangeResult importDiary(const QString& csvFile, const ExchangeOptions& options) {
