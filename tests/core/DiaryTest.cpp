@@ -98,7 +98,7 @@ TEST_F(Diary, WeeksAndMonthsShowTheMeansOfTheirPeriods) {
 }
 
 // The texts of all columns of the record's kind, parted by bars.
-std::string texts(qint64 type, const RecordRef& record) {
+std::string shownTexts(qint64 type, const RecordRef& record) {
   QStringList cells{dateText(record)};
   for (const Measure& measure : measuresOf(type, true)) cells.append(valueText(measure, record));
   return cells.join(u'|').toStdString();
@@ -117,17 +117,17 @@ TEST_F(Diary, ValuesAreShownInTheUnitsAndWordsInForce) {
     const auto word = [](const QString& list) { return Language::entryForKey(list, 0).toStdString(); };
     const std::string words = '|' + word(u"general_array1"_s) + '|' + word(u"fistula_array"_s) + '|';
     settings.userMeasure.store(u"other"_s);
-    EXPECT_EQ(texts(RecordType::general, general), "11/05/2026|97.9" + words + "158.7|22.2");
+    EXPECT_EQ(shownTexts(RecordType::general, general), "11/05/2026|97.9" + words + "158.7|22.2");
     settings.userMeasure.store(u"Metric"_s);
-    EXPECT_EQ(texts(RecordType::general, general), "05/11/2026|36.6" + words + "72.0|22.2");
+    EXPECT_EQ(shownTexts(RecordType::general, general), "05/11/2026|36.6" + words + "72.0|22.2");
   }
-  EXPECT_EQ(texts(RecordType::pressure, pressure), "05/11/2026|120||0|-5");
-  EXPECT_EQ(texts(RecordType::blood, blood), "05/11/2026|12.2||||0.0");
+  EXPECT_EQ(shownTexts(RecordType::pressure, pressure), "05/11/2026|120||0|-5");
+  EXPECT_EQ(shownTexts(RecordType::blood, blood), "05/11/2026|12.2||||0.0");
   // Words that no list has, and a body mass index without a height.
   general->wellbeing = 4;
   general->appetite = 2;
   settings.userHeight.store(0);
-  EXPECT_EQ(texts(RecordType::general, general), "05/11/2026|36.6|||72.0|");
+  EXPECT_EQ(shownTexts(RecordType::general, general), "05/11/2026|36.6|||72.0|");
 }
 
 }  // namespace
