@@ -22,7 +22,9 @@ QString helpText() {
   const QString text = QStringLiteral(R"(Usage: sanovia-cli import FILE.csv
        sanovia-cli export FILE.csv
        sanovia-cli report [OPTION]... FILE.pdf
-Exchanges the health diary with CSV files and writes the report for the doctor.
+       sanovia-cli stats [OPTION]...
+Exchanges the health diary with CSV files, writes the report for the doctor and
+prints what an interval comes to.
 
 Commands:
   import FILE.csv  Take the days of the file into the diary, all or, if anything
@@ -32,14 +34,20 @@ Commands:
                    new file can be read by you alone.
   report FILE.pdf  Write the report that the window's command saves. A file that
                    is there is replaced only by a whole new one.
+  stats            Print the numbers of an interval, in the units of the columns
+                   below: for each measure days with a value, mean, standard
+                   deviation, median, least, greatest, first and last value, days
+                   below, in and above the norm, and the mean of the equally long
+                   interval before with the change.
 
-Options of report:
+Options of report and stats:
   --from DATE      The first day, yyyy-MM-dd; that of the window if not given.
   --to DATE        The last day; that of the window if not given.
-  --mode MODE      day, week or month: what one column stands for. Weeks and
-                   months show means and run on until today.
-  --paper PAPER    a4 or letter: the pages on which tables run on; as is usual
-                   in your country if not given.
+  --json           stats: print JSON, in full precision.
+  --mode MODE      report: day, week or month: what one column stands for. Weeks
+                   and months show means and run on until today.
+  --paper PAPER    report: a4 or letter: the pages on which tables run on; as is
+                   usual in your country if not given.
 
 Options:
   -h, --help       Show this help.

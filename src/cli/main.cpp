@@ -1,4 +1,4 @@
-// The command line tool: reads the arguments, runs one exchange or one report and says how it went.
+// The command line tool: reads the arguments, runs one command and says how it went.
 #include <QCommandLineParser>
 #include <QElapsedTimer>
 #include <QGuiApplication>
@@ -11,6 +11,7 @@
 #include "cli/HelpText.h"
 #include "cli/ProgressLine.h"
 #include "cli/ReportCommand.h"
+#include "cli/StatsCommand.h"
 #include "core/exchange/DiaryExport.h"
 #include "core/exchange/DiaryImport.h"
 
@@ -65,35 +66,75 @@ int runCommand(const Command& command, const QString& file) {
 
 const QString kReport = QStringLiteral("report");
 
-// The options of the report.
+// The options of the commands that read an interval.
 const QCommandLineOption kFrom(QStringLiteral("from"), {}, QStringLiteral("date"));
 const QCommandLineOption kTo(QStringLiteral("to"), {}, QStringLiteral("date"));
 const QCommandLineOption kMode(QStringLiteral("mode"), {}, QStringLiteral("mode"));
 const QCommandLineOption kPaper(QStringLiteral("paper"), {}, QStringLiteral("paper"));
+const QCommandLineOption kJson(QStringLiteral("json"));
 
 QString valueOf(const QCommandLineParser& parser, const QCommandLineOption& option) {
   return parser.isSet(option) ? parser.value(option) : QString();
+}
+
+struct IntervalCommand {
+  QString name;
+  QList<QCommandLineOption> options;
+  bool takesFile;
+  // The file is empty for a command that takes none.
+  int (*run)(const QString& file, const QCommandLineParser& parser);
+};
+
+const IntervalCommand kIntervalCommands[] = {
+    {kReport,
+     {kFrom, kTo, kMode, kPaper},
+     true,
+     [](const QString& file, const QCommandLineParser& parser) {
+       return runReport(file, {.from = valueOf(parser, kFrom),
+                               .to = valueOf(parser, kTo),
+                               .mode = valueOf(parser, kMode),
+                               .paper = valueOf(parser, kPaper)});
+     }},
+    {QStringLiteral("stats"),
+     {kFrom, kTo, kJson},
+     false,
+     [](const QString&, const QCommandLineParser& parser) {
+       return runStats({valueOf(parser, kFrom), valueOf(parser, kTo), parser.isSet(kJson)});
+     }},
+};
+
+bool takes(const IntervalCommand& command, const QString& option) {
+  return std::any_of(command.options.begin(), command.options.end(),
+                     [&option](const QCommandLineOption& known) { return known.names().contains(option); });
+}
+
+// The commands that know an option, as a text.
+QString takersOf(const QString& option) {
+  QStringList names;
+  for (const IntervalCommand& command : kIntervalCommands)
+    if (takes(command, option)) names.append(command.name);
+  return names.join(QStringLiteral(" and "));
 }
 
 int runArguments(const QCommandLineParser& parser) {
   const QStringList words = parser.positionalArguments();
   if (words.isEmpty()) return refuse(QStringLiteral("no command given"));
   const QString& name = words.first();
-  const auto* command = std::find_if(std::begin(kCommands), std::end(kCommands),
-                                     [&](const Command& known) { return known.name == name; });
-  const bool isReport = name == kReport;
-  if (!isReport && command == std::end(kCommands))
+  const auto isNamed = [&name](const auto& known) { return known.name == name; };
+  const auto* exchange = std::find_if(std::begin(kCommands), std::end(kCommands), isNamed);
+  const auto* other = std::find_if(std::begin(kIntervalCommands), std::end(kIntervalCommands), isNamed);
+  const bool isExchange = exchange != std::end(kCommands);
+  if (!isExchange && other == std::end(kIntervalCommands))
     return refuse(QStringLiteral("unknown command \"%1\"").arg(name));
-  for (const QCommandLineOption& option : {kFrom, kTo, kMode, kPaper})
-    if (!isReport && parser.isSet(option))
-      return refuse(QStringLiteral("--%1 is an option of report").arg(option.names().first()));
-  if (words.size() < 2) return refuse(name + QStringLiteral(" needs the name of a file"));
-  if (words.size() > 2) return refuse(name + QStringLiteral(" takes one file only"));
-  if (!isReport) return runCommand(*command, words[1]);
-  return runReport(words[1], {.from = valueOf(parser, kFrom),
-                              .to = valueOf(parser, kTo),
-                              .mode = valueOf(parser, kMode),
-                              .paper = valueOf(parser, kPaper)});
+  for (const QString& option : parser.optionNames())
+    if (isExchange || !takes(*other, option))
+      return refuse(QStringLiteral("--%1 is an option of %2").arg(option, takersOf(option)));
+  const qsizetype files = isExchange || other->takesFile ? 1 : 0;
+  if (words.size() < 1 + files) return refuse(name + QStringLiteral(" needs the name of a file"));
+  if (words.size() > 1 + files)
+    return refuse(name +
+                  (files == 0 ? QStringLiteral(" takes no file") : QStringLiteral(" takes one file only")));
+  return isExchange ? runCommand(*exchange, words[1]) : other->run(words.value(1), parser);
 }
 
 // A report needs fonts, and so the half of the toolkit that paints, but neither a display nor a desktop.
@@ -117,7 +158,7 @@ int main(int argc, char** argv) {
   QCommandLineParser parser;
   const QCommandLineOption help(QStringList{QStringLiteral("h"), QStringLiteral("help")});
   const QCommandLineOption version(QStringList{QStringLiteral("v"), QStringLiteral("version")});
-  parser.addOptions({help, version, kFrom, kTo, kMode, kPaper});
+  parser.addOptions({help, version, kFrom, kTo, kMode, kPaper, kJson});
   if (!parser.parse(arguments)) {
     QString reason = parser.errorText();
     if (reason.endsWith(QLatin1Char('.'))) reason.chop(1);

@@ -3,6 +3,7 @@
 
 #include <limits>
 
+#include "core/dates/Age.h"
 #include "core/dates/Utils.h"
 #include "core/foundation/Clock.h"
 
@@ -47,12 +48,7 @@ constexpr ChartValue kPulseOfTheOldest = norm(70, 60, 80);
 }  // namespace
 
 qint64 Utils::age(const QDateTime& birthday) {
-  if (!birthday.isValid()) return -1;
-  const QDate born = birthday.toLocalTime().date();
-  const QDate today = Clock::now().date();
-  const bool stillToCome =
-      today.month() < born.month() || (today.month() == born.month() && today.day() < born.day());
-  return today.year() - born.year() - (stillToCome ? 1 : 0);
+  return ageOn(birthday.toLocalTime().date(), Clock::now().date());
 }
 
 ChartValue Utils::pressureForAge(qint64 age, bool systolic) {

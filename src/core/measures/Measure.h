@@ -96,6 +96,8 @@ struct Measure {
   // when it is not exchanged.
   const char* exchangeName;
   const char* meaning;
+  // The stored unit in the Unified Code for Units of Measure; empty for a word.
+  const char* ucum = "";
 
   Display display;
   Unit unit;
@@ -120,5 +122,11 @@ struct Measure {
 };
 
 constexpr bool isBodyMassIndex(const Measure& measure) { return measure.id == MeasureId::BodyMassIndex; }
+
+// Whether its values are shown as words.
+constexpr bool isOfWords(const Measure& measure) {
+  return measure.display == Measure::Display::WellbeingWord ||
+         measure.display == Measure::Display::AppetiteWord;
+}
 
 }  // namespace sanovia

@@ -31,7 +31,7 @@ constexpr double halfWay(double limit) {
 inline constexpr Measure kMeasures[] = {
   {.id = MeasureId::Temperature, .recordType = RecordType::general,
    .column = "temperature", .member = &General::temperature, .holdsFrom = 0, .holdsTo = kAnySingle,
-   .exchangeName = "temperature", .meaning = "degrees Celsius",
+   .exchangeName = "temperature", .meaning = "degrees Celsius", .ucum = "Cel",
    .display = Display::OneDecimal, .unit = Unit::Temperature, .titleKey = "temperature", .chartTitleKey = "temperature",
    .unitKey = "", .imageStem = "Temperature", .tableShare = 0.16F, .tableShareWithoutIndex = 0.20F,
    .entry = EntryRule{35, 41, 0.1F, Start::Fixed, 36.6F, 36.6, 36.6, 41, 35, 0.1},
@@ -58,7 +58,7 @@ inline constexpr Measure kMeasures[] = {
    .report = {.height = 60, .band = 20}},
   {.id = MeasureId::Weight, .recordType = RecordType::general,
    .column = "weight", .member = &General::weight, .holdsFrom = 0, .holdsTo = kAnySingle,
-   .exchangeName = "weight", .meaning = "kilograms",
+   .exchangeName = "weight", .meaning = "kilograms", .ucum = "kg",
    .display = Display::OneDecimal, .unit = Unit::Weight, .titleKey = "weight", .chartTitleKey = "weight",
    .unitKey = "", .imageStem = "Weight", .tableShare = 0.16F, .tableShareWithoutIndex = 0.20F,
    .entry = EntryRule{10, 200, 0.2F, Start::NormalWeight, 60, 70, 70, 200, 10, 0.1},
@@ -67,7 +67,7 @@ inline constexpr Measure kMeasures[] = {
    .report = {.height = 90, .band = 45}},
   {.id = MeasureId::BodyMassIndex, .recordType = RecordType::general,
    .column = "", .member = {}, .holdsFrom = 0, .holdsTo = 0,
-   .exchangeName = "", .meaning = "",
+   .exchangeName = "", .meaning = "", .ucum = "kg/m2",
    .display = Display::OneDecimal, .unit = Unit::Fixed, .titleKey = "bmi", .chartTitleKey = "bmi",
    .unitKey = "unit_bmi", .imageStem = "BMI", .tableShare = 0.16F, .tableShareWithoutIndex = 0,
    .entry = {},
@@ -77,7 +77,7 @@ inline constexpr Measure kMeasures[] = {
 
   {.id = MeasureId::Systolic, .recordType = RecordType::pressure,
    .column = "systolic", .member = &Pressure::systolic, .holdsFrom = 0, .holdsTo = kAnyInteger,
-   .exchangeName = "systolic", .meaning = "mmHg, whole number",
+   .exchangeName = "systolic", .meaning = "mmHg, whole number", .ucum = "mm[Hg]",
    .display = Display::Integer, .unit = Unit::Fixed, .titleKey = "systolic", .chartTitleKey = "systolic",
    .unitKey = "unit_mmHg", .imageStem = "Systolic", .tableShare = 0.20F, .tableShareWithoutIndex = 0.20F,
    .entry = EntryRule{70, 200, 1, Start::NormOfThePerson, 0, 120, 120, 150, 90, 1},
@@ -86,7 +86,7 @@ inline constexpr Measure kMeasures[] = {
    .report = {.height = 90, .band = 45}},
   {.id = MeasureId::Diastolic, .recordType = RecordType::pressure,
    .column = "diastolic", .member = &Pressure::diastolic, .holdsFrom = 0, .holdsTo = kAnyInteger,
-   .exchangeName = "diastolic", .meaning = "mmHg, whole number",
+   .exchangeName = "diastolic", .meaning = "mmHg, whole number", .ucum = "mm[Hg]",
    .display = Display::Integer, .unit = Unit::Fixed, .titleKey = "diastolic", .chartTitleKey = "diastolic",
    .unitKey = "unit_mmHg", .imageStem = "Diastolic", .tableShare = 0.20F, .tableShareWithoutIndex = 0.20F,
    .entry = EntryRule{40, 120, 1, Start::NormOfThePerson, 0, 80, 80, 90, 60, 1},
@@ -95,7 +95,7 @@ inline constexpr Measure kMeasures[] = {
    .report = {.height = 90, .band = 45}},
   {.id = MeasureId::Pulse, .recordType = RecordType::pressure,
    .column = "pulse", .member = &Pressure::pulse, .holdsFrom = 0, .holdsTo = kAnyInteger,
-   .exchangeName = "pulse", .meaning = "beats a minute, whole number",
+   .exchangeName = "pulse", .meaning = "beats a minute, whole number", .ucum = "/min",
    .display = Display::Integer, .unit = Unit::Fixed, .titleKey = "pulse", .chartTitleKey = "pulse",
    .unitKey = "unit_pulse", .imageStem = "Pulse", .tableShare = 0.20F, .tableShareWithoutIndex = 0.20F,
    .entry = EntryRule{30, 220, 1, Start::NormOfThePerson, 0, 70, 70, 80, 60, 1},
@@ -104,7 +104,7 @@ inline constexpr Measure kMeasures[] = {
    .report = {.height = 90, .band = 45}},
   {.id = MeasureId::PulsePressure, .recordType = RecordType::pressure,
    .column = "ppressure", .member = &Pressure::ppressure, .holdsFrom = kLeastInteger, .holdsTo = kAnyInteger,
-   .exchangeName = "ppressure", .meaning = "pulse pressure: mmHg, whole number, may be below 0 but not -1",
+   .exchangeName = "ppressure", .meaning = "pulse pressure: mmHg, whole number, may be below 0 but not -1", .ucum = "mm[Hg]",
    .display = Display::Integer, .unit = Unit::Fixed, .titleKey = "ppulse", .chartTitleKey = "ppulse",
    .unitKey = "unit_mmHg", .imageStem = "PulsePressure", .tableShare = 0.20F, .tableShareWithoutIndex = 0.20F,
    .entry = {},
@@ -114,7 +114,7 @@ inline constexpr Measure kMeasures[] = {
 
   {.id = MeasureId::Hemoglobin, .recordType = RecordType::blood,
    .column = "hemoglobin", .member = &Blood::hemoglobin, .holdsFrom = 0, .holdsTo = kAnySingle,
-   .exchangeName = "hemoglobin", .meaning = "g/dl",
+   .exchangeName = "hemoglobin", .meaning = "g/dl", .ucum = "g/dL",
    .display = Display::OneDecimal, .unit = Unit::Fixed, .titleKey = "hemoglobin", .chartTitleKey = "hemoglobin",
    .unitKey = "unit_g_dl", .imageStem = "Hemohlobin", .tableShare = 0.25F, .tableShareWithoutIndex = 0.25F,
    .entry = EntryRule{7, 16, 0.1F, Start::Fixed, 13, 13, 13, 16, 7, 0.1},
@@ -123,7 +123,7 @@ inline constexpr Measure kMeasures[] = {
    .report = {.height = 90, .band = 45}},
   {.id = MeasureId::Crp, .recordType = RecordType::blood,
    .column = "crp", .member = &Blood::crp, .holdsFrom = 0, .holdsTo = kAnySingle,
-   .exchangeName = "crp", .meaning = "C-reactive protein: mg/dl",
+   .exchangeName = "crp", .meaning = "C-reactive protein: mg/dl", .ucum = "mg/dL",
    .display = Display::OneDecimal, .unit = Unit::Fixed, .titleKey = "cprText", .chartTitleKey = "cprText",
    .unitKey = "unit_mg_dl", .imageStem = "CRP", .tableShare = 0.15F, .tableShareWithoutIndex = 0.15F,
    .entry = EntryRule{0, 5, 0.1F, Start::Fixed, 0.5F, 0.5, 0.5, 5, 0, 0.1},
@@ -132,7 +132,7 @@ inline constexpr Measure kMeasures[] = {
    .report = {.height = 90, .band = 45}},
   {.id = MeasureId::Esr, .recordType = RecordType::blood,
    .column = "esp", .member = &Blood::esp, .holdsFrom = 0, .holdsTo = kAnySingle,
-   .exchangeName = "esr", .meaning = "erythrocyte sedimentation rate: mm/h",
+   .exchangeName = "esr", .meaning = "erythrocyte sedimentation rate: mm/h", .ucum = "mm/h",
    .display = Display::OneDecimal, .unit = Unit::Fixed, .titleKey = "espText", .chartTitleKey = "espText",
    .unitKey = "unit_mm_h", .imageStem = "ESR", .tableShare = 0.15F, .tableShareWithoutIndex = 0.15F,
    .entry = EntryRule{0, 50, 0.1F, Start::Fixed, 22.5F, 22.5, 22.5, 50, 0, 0.1},
@@ -141,7 +141,7 @@ inline constexpr Measure kMeasures[] = {
    .report = {.height = 90, .band = 45}},
   {.id = MeasureId::Albumin, .recordType = RecordType::blood,
    .column = "albumin", .member = &Blood::albumin, .holdsFrom = 0, .holdsTo = kAnySingle,
-   .exchangeName = "albumin", .meaning = "g/dl",
+   .exchangeName = "albumin", .meaning = "g/dl", .ucum = "g/dL",
    .display = Display::OneDecimal, .unit = Unit::Fixed, .titleKey = "albuminText", .chartTitleKey = "albuminText",
    .unitKey = "unit_g_dl", .imageStem = "Albumin", .tableShare = 0.15F, .tableShareWithoutIndex = 0.15F,
    .entry = EntryRule{2, 7, 0.1F, Start::Fixed, 4.4F, 4.4, 4.4, 7, 2, 0.1},
@@ -150,7 +150,7 @@ inline constexpr Measure kMeasures[] = {
    .report = {.height = 90, .band = 45}},
   {.id = MeasureId::Leukocytes, .recordType = RecordType::blood,
    .column = "wbc", .member = &Blood::wbc, .holdsFrom = 0, .holdsTo = kAnySingle,
-   .exchangeName = "wbc", .meaning = "white blood cells: thousands per microlitre",
+   .exchangeName = "wbc", .meaning = "white blood cells: thousands per microlitre", .ucum = "10*3/uL",
    .display = Display::OneDecimal, .unit = Unit::Fixed, .titleKey = "wbcText", .chartTitleKey = "wbcText",
    .unitKey = "unit_wbc", .imageStem = "WBC", .tableShare = 0.15F, .tableShareWithoutIndex = 0.15F,
    .entry = EntryRule{3, 20, 0.1F, Start::Fixed, 7, 7, 7, 20, 3, 0.1},
@@ -199,6 +199,7 @@ static_assert(all([](const Measure& row) {
          isStored(row) == (row.holdsFrom < row.holdsTo) && row.chartHeight > 0 &&
          row.report.band < row.report.height;
 }));
+static_assert(all([](const Measure& row) { return isOfWords(row) != isText(row.ucum); }));
 static_assert(all([](const Measure& row) {
   if (!row.entry) return true;
   const EntryRule& rule = *row.entry;
