@@ -76,11 +76,15 @@ class AppDelegate : public QObject, public MLCalendarViewDelegate {
   void didSelectDateFrom(const QDateTime& date) override;
   void didSelectDateTo(const QDateTime& date) override;
 
+  // Shows the interval of a word by its number (IntervalWord); nothing happens where it leads nowhere.
+  void showInterval(qint64 word);
+
   // The commands of the menus, each under the name that its items carry in the layout file as "command".
   void saveReport();
   void print();
   void openReport();
   void viewMenuAction(const QAction* item);
+  void intervalMenuAction(const QAction* item);
   void preferences();
   void displayHelp();
   // Returns when the panel has closed.
@@ -119,6 +123,8 @@ class AppDelegate : public QObject, public MLCalendarViewDelegate {
   bool intervalHoldsData();
   bool restoreFrame();
   void createCalendarPopover();
+  // Whether the word of an interval is worth choosing now.
+  static bool leadsSomewhere(qint64 word);
 
   // An open panel goes away, since its record is about to leave the lists.
   void closeEditPanel();

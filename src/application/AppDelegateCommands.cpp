@@ -31,7 +31,7 @@ const char* const kTag = "tag";
 // Items of the view menu: a tag below this is a view mode, any other a kind of record plus this.
 constexpr qint64 kFirstTypeTag = 2;
 
-enum class Rule : quint8 { Always, InTheTrialState, UnlessShowing, WithData };
+enum class Rule : quint8 { Always, InTheTrialState, UnlessShowing, WithData, IfItLeadsSomewhere };
 
 struct Command {
   const char* name;
@@ -47,6 +47,8 @@ constexpr Command kCommands[] = {
     {"terminate", Rule::Always, [](AppDelegate& delegate, const QAction*) { delegate.window()->close(); }},
     {"viewMenuAction", Rule::UnlessShowing,
      [](AppDelegate& delegate, const QAction* item) { delegate.viewMenuAction(item); }},
+    {"intervalMenuAction", Rule::IfItLeadsSomewhere,
+     [](AppDelegate& delegate, const QAction* item) { delegate.intervalMenuAction(item); }},
     {"displayHelp", Rule::Always, [](AppDelegate& delegate, const QAction*) { delegate.displayHelp(); }},
     {"registerApp", Rule::InTheTrialState,
      [](AppDelegate& delegate, const QAction*) { delegate.registerApp(); }},
@@ -62,6 +64,18 @@ const Command* commandOf(const QAction* item) {
 }
 
 qint64 tagOf(const QAction* item) { return item->property(kTag).toLongLong(); }
+
+// Those of the menus within it, too.
+QList<QAction*> itemsOf(const QMenu* menu) {
+  QList<QAction*> items;
+  for (QAction* item : menu->actions()) {
+    if (item->menu() != nullptr)
+      items += itemsOf(item->menu());
+    else if (!item->isSeparator())
+      items.append(item);
+  }
+  return items;
+}
 
 }  // namespace
 
@@ -79,9 +93,7 @@ void AppDelegate::connectMenus() {
 
 QList<QAction*> AppDelegate::menuItems() const {
   QList<QAction*> items;
-  for (const QAction* title : _window->outlets().menuBar->actions())
-    for (QAction* item : title->menu()->actions())
-      if (!item->isSeparator()) items.append(item);
+  for (const QAction* title : _window->outlets().menuBar->actions()) items += itemsOf(title->menu());
   return items;
 }
 
@@ -104,6 +116,7 @@ bool AppDelegate::isAllowed(const QAction* item, const std::function<bool()>& ho
     case Rule::Always: return true;
     case Rule::InTheTrialState: return Licensing::isTrial();
     case Rule::WithData: return holdsData();
+    case Rule::IfItLeadsSomewhere: return leadsSomewhere(tag);
     case Rule::UnlessShowing:
       return tag < kFirstTypeTag ? tag != (ui.chartsScrollView->isHidden() ? 0 : 1)
                                  : tag - kFirstTypeTag != ui.chartsView->type();
@@ -137,6 +150,8 @@ void AppDelegate::viewMenuAction(const QAction* item) {
     tools->changeType(tag - kFirstTypeTag);
   validateMenus();
 }
+
+void AppDelegate::intervalMenuAction(const QAction* item) { showInterval(tagOf(item)); }
 
 // The sheet and the panel are made after the launch, whose language they have missed.
 PreferencesSheet* AppDelegate::preferencesSheet() {

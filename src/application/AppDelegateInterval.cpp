@@ -3,6 +3,8 @@
 #include "application/MainWindow.h"
 #include "core/dates/Utils.h"
 #include "core/diary/DateInterval.h"
+#include "core/diary/NamedInterval.h"
+#include "core/diary/StoredDays.h"
 #include "core/foundation/Clock.h"
 #include "core/foundation/TextFormat.h"
 #include "core/localisation/Language.h"
@@ -21,6 +23,8 @@ constexpr qint64 kTwoDays = 172800;
 QString intervalText(const char* key, const QString& value) {
   return filled(Language::stringForKey(QString::fromLatin1(key)), value);
 }
+
+QDateTime momentOf(const QDate& day) { return Utils::dayStart(day.startOfDay()); }
 
 }  // namespace
 
@@ -109,6 +113,26 @@ void AppDelegate::didSelectDateTo(const QDateTime& date) {
   if (!date.isValid()) return;
   saveEndDate(date);
   setUpCalendarTitle();
+}
+
+// Only one word asks the diary, which is not read for the look of a menu.
+bool AppDelegate::leadsSomewhere(qint64 word) {
+  return static_cast<IntervalWord>(word) != IntervalWord::OneForward ||
+         DateInterval::storedEndOrNow().date() < Clock::now().date();
+}
+
+// The start moves first unless it would pass the end.
+void AppDelegate::showInterval(qint64 word) {
+  if (word < 0 || word >= kIntervalWords) return;
+  const auto chosen = static_cast<IntervalWord>(word);
+  IntervalSetting setting{{getStartDate().date(), getEndDate().date()}, Clock::now().date(), {}};
+  if (chosen == IntervalWord::Everything) setting.firstStored = firstStoredDay();
+  const std::optional<DayInterval> interval = intervalOf(chosen, setting);
+  if (!interval || *interval == setting.shown) return;
+  const bool isStartFirst = interval->from <= setting.shown.to;
+  if (isStartFirst) didSelectDateFrom(momentOf(interval->from));
+  didSelectDateTo(momentOf(interval->to));
+  if (!isStartFirst) didSelectDateFrom(momentOf(interval->from));
 }
 
 }  // namespace sanovia

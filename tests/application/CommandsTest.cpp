@@ -17,7 +17,8 @@ class Commands : public LaunchedHome {
     for (QMenu* menu : {ui().menuFile, ui().menuView, ui().menuHelp}) {
       menu->popup({});
       for (const QAction* item : menu->actions())
-        if (item->isEnabled() && !item->isSeparator()) names.append(item->objectName().mid(2));
+        if (item->isEnabled() && !item->isSeparator() && item->menu() == nullptr)
+          names.append(item->objectName().mid(2));
       menu->close();
     }
     return names;

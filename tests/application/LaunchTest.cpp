@@ -83,6 +83,27 @@ TEST_F(LaunchTest, ChangesTheIntervalByBothCalendars) {
   EXPECT_EQ(labels(), texts({"From 11/04/2026", "To 11/18/2026", "15 days"}));
 }
 
+TEST_F(LaunchTest, ChangesTheIntervalByAWord) {
+  launch();  // 1 to 15 November
+  addRow("blood", "2024-02-29");
+  addRow("general", "nonsense");
+  const auto choose = [this](QAction* item) {
+    item->trigger();
+    return labels().mid(0, 2);
+  };
+  EXPECT_EQ(choose(ui().miPreviousInterval), texts({"From 10/17/2026", "To 10/31/2026"}));
+  EXPECT_EQ(choose(ui().miLast7), texts({"From 11/09/2026", "To 11/15/2026"}));
+  EXPECT_FALSE(settings.dateTo.isStored());
+  EXPECT_EQ(choose(ui().miNextInterval), texts({"From 11/09/2026", "To 11/15/2026"}))
+      << "there is no later one";
+  EXPECT_EQ(choose(ui().miEverything), texts({"From 02/29/2024", "To 11/15/2026"}));
+  EXPECT_EQ(rows(), 991);
+  QTest::keyClick(delegate->window()->focusWidget(), Qt::Key_Left, Qt::ControlModifier);
+  EXPECT_EQ(labels()[1], u"To 02/28/2024"_s);
+  QTest::keyClick(delegate->window()->focusWidget(), Qt::Key_Right, Qt::ControlModifier);
+  EXPECT_EQ(labels().mid(0, 2), texts({"From 02/29/2024", "To 11/15/2026"}));
+}
+
 TEST_F(LaunchTest, RepairsAStartBehindTheEndAndCountsOneDay) {
   settings.dateFrom.store(at("2027-01-01T10:00:00"));
   launch();

@@ -6,6 +6,7 @@
 #include "core/dates/Utils.h"
 #include "core/diary/DateInterval.h"
 #include "core/diary/DayRecords.h"
+#include "core/diary/NamedInterval.h"
 #include "core/foundation/Settings.h"
 #include "core/localisation/Language.h"
 #include "core/measures/ValueText.h"
@@ -34,6 +35,24 @@ TEST_F(Diary, AStartAfterTheEndMovesToTheEndsDay) {
   }
   DateInterval::storeEnd(at("2026-11-15T08:00:00"));
   EXPECT_EQ(DateInterval::storedEndOrNow(), at("2026-11-15T12:00:00")) << "an end of today moves on";
+}
+
+TEST_F(Diary, AWordNamesAnIntervalThatEndsByToday) {
+  using enum IntervalWord;
+  const QDate today(2026, 11, 15);
+  const DayInterval shown{QDate(2026, 11, 1), QDate(2026, 11, 10)};
+  const auto named = [&](IntervalWord word, const QDate& firstStored = {}) {
+    const auto interval = intervalOf(word, {shown, today, firstStored});
+    return interval ? interval->from.toString(Qt::ISODate) + u' ' + interval->to.toString(Qt::ISODate)
+                    : QString();
+  };
+  EXPECT_EQ(named(Last365Days), u"2025-11-16 2026-11-15"_s);
+  EXPECT_EQ(named(ThisYear), u"2026-01-01 2026-11-15"_s);
+  EXPECT_EQ(named(OneBack), u"2026-10-22 2026-10-31"_s);
+  EXPECT_EQ(named(OneForward), u"2026-11-06 2026-11-15"_s) << "as long as before, and not beyond today";
+  EXPECT_EQ(named(Everything), QString());
+  EXPECT_EQ(named(Everything, today.addDays(1)), QString());
+  EXPECT_EQ(named(Everything, QDate(1, 1, 1)), u"1926-11-16 2026-11-15"_s) << "a hundred years at most";
 }
 
 // Whether the list is what one lookup per date gives.
