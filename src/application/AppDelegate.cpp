@@ -1,6 +1,7 @@
 #include "application/AppDelegate.h"
 
 #include <QApplication>
+#include <QPushButton>
 #include <QRegularExpression>
 #include <QScreen>
 
@@ -17,7 +18,9 @@
 #include "core/licensing/Licensing.h"
 #include "core/localisation/Language.h"
 #include "core/preferences/Preferences.h"
+#include "ui/controls/Popover.h"
 #include "ui/entry/EditAnimationView.h"
+#include "ui/entry/MyTableView.h"
 #include "ui_MainWindow.h"
 
 namespace sanovia {
@@ -25,6 +28,7 @@ namespace {
 
 const QString kTrialTitle = QStringLiteral(" :: (Trial Version)");
 constexpr QSize kLeastSize(800, 800);
+constexpr QSize kDeskFrame(16, 40);  // what a desk may put around the window
 
 AppDelegate* sharedApp = nullptr;
 
@@ -37,7 +41,7 @@ bool hasRows(const QString& from, const QString& to) {
 }  // namespace
 
 AppDelegate::AppDelegate()
-    : _window(std::make_unique<MainWindow>()), _editView(new EditAnimationView(_window->centralWidget())) {
+    : _window(std::make_unique<MainWindow>()), _editView(new EditAnimationView(_window->outlets().content)) {
   Preferences::fillInMissingDefaults();
   connectOutlets();
   connectMenus();
@@ -62,16 +66,31 @@ void AppDelegate::connectOutlets() {
   ui.chartsView->setEditor(_editView);
   ui.dataView->setEditor(_editView);
   ui.toolsView->setEditor(_editView);
-  connect(_editView, &AnimationView::moved, this, [this] {
-    if (!_editView->opened()) dataIsPresent();
-  });
+  ui.chartsView->setBeforeEditing([this] { noticeNewDay(); });
+  ui.dataView->setBeforeEditing([this] { noticeNewDay(); });
+  connect(_editView, &AnimationView::moved, this, &AppDelegate::panelMoved);
+  connect(_window->personButton(), &QAbstractButton::clicked, this, &AppDelegate::preferences);
   connect(_window.get(), &MainWindow::didResize, this, &AppDelegate::windowDidResize);
   connect(_window.get(), &MainWindow::willClose, this, &AppDelegate::windowWillClose);
 }
 
+QSize AppDelegate::leastSize() const {
+  return kLeastSize.boundedTo(_window->screen()->availableSize() - kDeskFrame);
+}
+
 void AppDelegate::applicationWillFinishLaunching() {
-  _window->setMinimumSize(kLeastSize);
-  if (!restoreFrame()) _window->resize(kLeastSize);
+  _window->setMinimumSize(leastSize());
+  if (!restoreFrame()) _window->resize(leastSize());
+  if (settings.windowIsMaximised.value() == 1) _window->setWindowState(Qt::WindowMaximized);
+}
+
+// A day that began meanwhile is noticed, and the view that shows has the keyboard, whoever had it before.
+void AppDelegate::panelMoved() {
+  if (_editView->opened()) return;
+  dataIsPresent();
+  noticeNewDay();
+  const bool isPicking = _calendarPopover != nullptr && _calendarPopover->isVisible();
+  if (!isPicking) _window->outlets().toolsView->focusShownView();
 }
 
 void AppDelegate::applicationDidFinishLaunching() {
@@ -92,7 +111,7 @@ void AppDelegate::applicationDidFinishLaunching() {
   ui.chartsView->initValues();
   ui.dataView->updateData();
   windowDidResize();
-  _window->centralWidget()->update();
+  _window->outlets().content->update();
   registerApp();
 }
 
@@ -106,12 +125,13 @@ void AppDelegate::applicationWillTerminate() {
       _window->isMaximized() || _window->isFullScreen() ? _window->normalGeometry() : _window->geometry();
   settings.windowFrame.store(
       QStringLiteral("%1 %2 %3 %4").arg(frame.x()).arg(frame.y()).arg(frame.width()).arg(frame.height()));
+  settings.windowIsMaximised.store(_window->isMaximized() ? 1 : 0);
   SettingsStore::standard().synchronize();
 }
 
 // The panel hangs below the strip; shut, it lies just below the window's lower edge.
 void AppDelegate::windowDidResize() {
-  const QRect content = _window->centralWidget()->rect();
+  const QRect content = _window->outlets().content->rect();
   const int strip = _window->outlets().toolsView->maximumHeight();
   const int height = content.height() - strip;
   const int top = _editView->opened() ? strip : content.height();
@@ -128,7 +148,7 @@ bool AppDelegate::restoreFrame() {
   const QRect frame(match.captured(1).toInt(), match.captured(2).toInt(), match.captured(3).toInt(),
                     match.captured(4).toInt());
   const QSize desk = QGuiApplication::primaryScreen()->availableVirtualSize();
-  const QSize size = frame.size().boundedTo(desk).expandedTo(kLeastSize);
+  const QSize size = frame.size().boundedTo(desk).expandedTo(leastSize());
   if (QGuiApplication::screenAt(frame.center()) == nullptr)
     _window->resize(size);
   else
@@ -150,6 +170,14 @@ void AppDelegate::dataIsPresent() {
   const bool holdsData = intervalHoldsData();
   ui.reportOutlet->setEnabled(holdsData);
   for (QAction* item : {ui.miOpenReport, ui.miSaveReport, ui.miPrint}) item->setEnabled(holdsData);
+  showFirstSteps();
+}
+
+void AppDelegate::showFirstSteps() {
+  for (const QString& table : {General::tableName(), Pressure::tableName(), Blood::tableName()})
+    _hasRows = _hasRows || DBManager::sharedInstance().countOfRowsInTable(table) > 0;
+  _window->outlets().dataView->getTable()->setHint(_hasRows ? QString() : word("first_entry"));
+  _window->setPersonWanted(!Preferences::birthday().isValid());
 }
 
 void AppDelegate::registerApp() {

@@ -11,6 +11,7 @@
 #include "ui/calendar/MLCalendarView.h"
 
 class QAction;
+class QKeyEvent;
 
 namespace sanovia {
 
@@ -69,6 +70,10 @@ class AppDelegate : public QObject, public MLCalendarViewDelegate {
   QDateTime getEndDate();
   void saveStartDate(const QDateTime& date);
   void saveEndDate(const QDateTime& date);
+  // Where the interval ends today and that is another day than is shown, reads the interval anew, unless a
+  // day is being edited; whether it did. What is newest stays selected as the newest, any other day stays
+  // itself.
+  bool noticeNewDay();
   // Writes the three labels of the interval.
   void setUpCalendarTitle();
   void showCalendarFrom(QWidget* sender);
@@ -85,6 +90,8 @@ class AppDelegate : public QObject, public MLCalendarViewDelegate {
   void openReport();
   void viewMenuAction(const QAction* item);
   void intervalMenuAction(const QAction* item);
+  // In the charts the newest day with a record, or else the last one; in the table the newest row.
+  void selectDay();
   void preferences();
   void displayHelp();
   // Returns when the panel has closed.
@@ -119,6 +126,16 @@ class AppDelegate : public QObject, public MLCalendarViewDelegate {
   // One pass over all items, which counts the rows at most once.
   void validateMenus();
   void carryOut(QAction* item);
+  bool isShowing(qint64 tag) const;
+  // Whether a key is done with before the widget gets it.
+  bool takesKey(QWidget* widget, const QKeyEvent& key);
+  void enableFresh(const QKeyEvent& key);
+  // The panel has arrived.
+  void panelMoved();
+  // What a first run is told: that there is no date of birth, and how to begin.
+  void showFirstSteps();
+  // 800 by 800, or what the screen has where it has less.
+  QSize leastSize() const;
   void didEndPreferences();
   bool intervalHoldsData();
   bool restoreFrame();
@@ -138,6 +155,10 @@ class AppDelegate : public QObject, public MLCalendarViewDelegate {
   std::unique_ptr<HelpWindow> _helpWindow;
   std::unique_ptr<ReportWindow> _reportWindow;
   bool _isAboutRunning = false;
+  bool _hasRows = false;  // of any kind and day; once it has, it is not asked again
+  // When the preferences were opened.
+  QString _measureBefore;
+  float _heightBefore = 0;
 };
 
 }  // namespace sanovia

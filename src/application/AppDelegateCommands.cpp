@@ -3,6 +3,7 @@
 #include <QDesktopServices>
 #include <QKeyEvent>
 #include <QMenuBar>
+#include <QPushButton>
 #include <QTimer>
 #include <QUrl>
 
@@ -18,8 +19,11 @@
 #include "core/foundation/Log.h"
 #include "core/foundation/Paths.h"
 #include "core/licensing/Licensing.h"
+#include "core/preferences/Preferences.h"
 #include "ui/controls/AboutPanel.h"
+#include "ui/controls/Popover.h"
 #include "ui/controls/Relabelling.h"
+#include "ui/entry/EditAnimationView.h"
 #include "ui/entry/MyTableView.h"
 #include "ui_MainWindow.h"
 
@@ -49,6 +53,7 @@ constexpr Command kCommands[] = {
      [](AppDelegate& delegate, const QAction* item) { delegate.viewMenuAction(item); }},
     {"intervalMenuAction", Rule::IfItLeadsSomewhere,
      [](AppDelegate& delegate, const QAction* item) { delegate.intervalMenuAction(item); }},
+    {"selectDay", Rule::Always, [](AppDelegate& delegate, const QAction*) { delegate.selectDay(); }},
     {"displayHelp", Rule::Always, [](AppDelegate& delegate, const QAction*) { delegate.displayHelp(); }},
     {"registerApp", Rule::InTheTrialState,
      [](AppDelegate& delegate, const QAction*) { delegate.registerApp(); }},
@@ -81,8 +86,11 @@ QList<QAction*> itemsOf(const QMenu* menu) {
 
 void AppDelegate::connectMenus() {
   const Ui::MainWindow& ui = _window->outlets();
-  for (QAction* item : menuItems())
+  for (QAction* item : menuItems()) {
+    const Command* command = commandOf(item);
+    item->setCheckable(command != nullptr && command->rule == Rule::UnlessShowing);
     connect(item, &QAction::triggered, this, [this, item] { carryOut(item); });
+  }
   for (const QAction* title : ui.menuBar->actions())
     connect(title->menu(), &QMenu::aboutToShow, this, &AppDelegate::validateMenus);
   for (QAbstractButton* button : {ui.bnGeneral, ui.bnPressure, ui.bnBlood, ui.bnData, ui.bnCharts})
@@ -104,41 +112,82 @@ bool AppDelegate::validateMenuItem(const QAction* item) {
 void AppDelegate::validateMenus() {
   std::optional<bool> counted;
   const auto holdsData = [&] { return counted ? *counted : *(counted = intervalHoldsData()); };
-  for (QAction* item : menuItems()) item->setEnabled(isAllowed(item, holdsData));
+  for (QAction* item : menuItems()) {
+    item->setEnabled(isAllowed(item, holdsData));
+    if (item->isCheckable()) item->setChecked(isShowing(tagOf(item)));
+  }
 }
 
 bool AppDelegate::isAllowed(const QAction* item, const std::function<bool()>& holdsData) const {
   const Command* command = commandOf(item);
   if (command == nullptr) return false;
-  const Ui::MainWindow& ui = _window->outlets();
-  const qint64 tag = tagOf(item);
   switch (command->rule) {
     case Rule::Always: return true;
     case Rule::InTheTrialState: return Licensing::isTrial();
     case Rule::WithData: return holdsData();
-    case Rule::IfItLeadsSomewhere: return leadsSomewhere(tag);
-    case Rule::UnlessShowing:
-      return tag < kFirstTypeTag ? tag != (ui.chartsScrollView->isHidden() ? 0 : 1)
-                                 : tag - kFirstTypeTag != ui.chartsView->type();
+    case Rule::IfItLeadsSomewhere: return leadsSomewhere(tagOf(item));
+    case Rule::UnlessShowing: return !isShowing(tagOf(item));
   }
   return false;
 }
 
-// A key finds its item as fresh as an opened menu shows it: the question whether somebody overrides the
-// shortcut comes before the shortcut.
+bool AppDelegate::isShowing(qint64 tag) const {
+  const Ui::MainWindow& ui = _window->outlets();
+  return tag < kFirstTypeTag ? tag == (ui.chartsScrollView->isHidden() ? 0 : 1)
+                             : tag - kFirstTypeTag == ui.chartsView->type();
+}
+
+// A key finds its item as fresh as an opened menu shows it.
+void AppDelegate::enableFresh(const QKeyEvent& key) {
+  const QKeySequence keys(QKeyCombination(key.modifiers() & ~Qt::KeypadModifier, Qt::Key(key.key())));
+  for (QAction* item : menuItems())
+    if (item->shortcut() == keys) item->setEnabled(validateMenuItem(item));
+}
+
+// Return presses the button that has the keyboard, in every window, and Escape shuts the panel from
+// everywhere in this one.
+bool AppDelegate::takesKey(QWidget* widget, const QKeyEvent& key) {
+  if ((key.modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier) return false;
+  if (key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter) {
+    auto* button = qobject_cast<QPushButton*>(widget);
+    if (button != nullptr) button->click();
+    return button != nullptr;
+  }
+  const bool isPicking = _calendarPopover != nullptr && _calendarPopover->isVisible();
+  if (key.key() != Qt::Key_Escape || widget->window() != _window.get() || isPicking ||
+      !_editView->canAnimate())
+    return false;
+  _editView->animate();
+  return true;
+}
+
+// The question whether somebody overrides a shortcut comes before the shortcut.
 bool AppDelegate::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::ShortcutOverride && watched->isWidgetType()) {
-    const auto* key = static_cast<QKeyEvent*>(event);
-    const QKeySequence keys(QKeyCombination(key->modifiers() & ~Qt::KeypadModifier, Qt::Key(key->key())));
-    for (QAction* item : menuItems())
-      if (item->shortcut() == keys) item->setEnabled(validateMenuItem(item));
+  switch (event->type()) {
+    case QEvent::ShortcutOverride:
+      if (watched->isWidgetType()) enableFresh(*static_cast<const QKeyEvent*>(event));
+      break;
+    case QEvent::KeyPress:
+      if (watched->isWidgetType() &&
+          takesKey(static_cast<QWidget*>(watched), *static_cast<const QKeyEvent*>(event)))
+        return true;
+      break;
+    case QEvent::WindowActivate:
+      if (watched == _window.get()) noticeNewDay();
+      break;
+    case QEvent::WindowBlocked:
+      if (watched == _window.get() && _calendarPopover != nullptr) _calendarPopover->closePopover();
+      break;
+    default: break;
   }
   return QObject::eventFilter(watched, event);
 }
 
+// The toolkit has turned an item over that shows what is on.
 void AppDelegate::carryOut(QAction* item) {
   const Command* command = commandOf(item);
   if (command != nullptr && validateMenuItem(item)) command->carryOut(*this, item);
+  if (item->isCheckable()) validateMenus();
 }
 
 void AppDelegate::viewMenuAction(const QAction* item) {
@@ -152,6 +201,16 @@ void AppDelegate::viewMenuAction(const QAction* item) {
 }
 
 void AppDelegate::intervalMenuAction(const QAction* item) { showInterval(tagOf(item)); }
+
+void AppDelegate::selectDay() {
+  if (_editView->opened() || _editView->isAnimating()) return;
+  const Ui::MainWindow& ui = _window->outlets();
+  if (ui.toolsView->mode() == ToolsView::kTable)
+    ui.dataView->getTable()->selectRow(0);
+  else
+    ui.chartsView->selectNewestDay();
+  ui.toolsView->focusShownView();
+}
 
 // The sheet and the panel are made after the launch, whose language they have missed.
 PreferencesSheet* AppDelegate::preferencesSheet() {
@@ -174,16 +233,22 @@ AboutPanel* AppDelegate::aboutPanel() {
 void AppDelegate::preferences() {
   PreferencesSheet* sheet = preferencesSheet();
   if (sheet->isVisible()) return;
+  _measureBefore = Preferences::measure();
+  _heightBefore = Preferences::height();
   sheet->checkUserDefaultData();
   sheet->open();
 }
 
-// What was stored without a word shows with the next drawing.
+// What was stored without a word shows with the next drawing. Units and columns of the table are made with
+// its kind: that is selected anew.
 void AppDelegate::didEndPreferences() {
   _preferencesSheet->close();
   const Ui::MainWindow& ui = _window->outlets();
   ui.chartsView->update();
   ui.dataView->getTable()->viewport()->update();
+  const bool isSame = _measureBefore == Preferences::measure() && _heightBefore == Preferences::height();
+  if (!isSame) ui.toolsView->changeType(ui.toolsView->type());
+  showFirstSteps();
 }
 
 void AppDelegate::displayHelp() {

@@ -12,6 +12,7 @@
 #include "ui/controls/Popover.h"
 #include "ui/controls/Relabelling.h"
 #include "ui/entry/EditAnimationView.h"
+#include "ui/entry/MyTableView.h"
 #include "ui_MainWindow.h"
 
 namespace sanovia {
@@ -40,6 +41,23 @@ QDateTime AppDelegate::getStartDate() {
 void AppDelegate::closeEditPanel() {
   _editView->setData({});
   if (_editView->opened()) _editView->animate();
+}
+
+bool AppDelegate::noticeNewDay() {
+  ChartsView* charts = _window->outlets().chartsView;
+  MyTableView* table = _window->outlets().dataView->getTable();
+  if (!charts->dateTo().isValid() || charts->dateTo() == getEndDate()) return false;
+  if (_editView->opened() || _editView->isAnimating()) return false;
+  const qint64 count = charts->numberOfRows();
+  const int row = table->selectedRow();
+  charts->setDateTo();
+  _window->outlets().dataView->updateData();
+  const qint64 more = charts->numberOfRows() - count;
+  if (charts->selectedDay() == count) charts->selectDay(count + more);
+  if (row > 0) table->selectRow(row + static_cast<int>(more));
+  dataIsPresent();
+  setUpCalendarTitle();
+  return true;
 }
 
 QDateTime AppDelegate::getEndDate() { return Utils::dayEnd(DateInterval::storedEndOrNow()); }
@@ -71,6 +89,9 @@ void AppDelegate::setUpCalendarTitle() {
   ui.dateFieldInterval->setText(intervalText(isOneDay ? "calendar_day" : "calendar_days", days));
   ui.dateFieldFrom->setText(intervalText("calendar_from", Utils::convertDate(start, format)));
   ui.dateFieldTo->setText(intervalText("calendar_to", Utils::convertDate(end, format)));
+  // The buttons tell their dates.
+  ui.bnCalendarFrom->setAccessibleDescription(ui.dateFieldFrom->text());
+  ui.bnCalendarTo->setAccessibleDescription(ui.dateFieldTo->text());
 }
 
 void AppDelegate::createCalendarPopover() {
@@ -106,6 +127,7 @@ void AppDelegate::didSelectDateFrom(const QDateTime& date) {
   if (!date.isValid()) return;
   saveStartDate(date);
   setUpCalendarTitle();
+  _window->outlets().toolsView->focusShownView();
 }
 
 void AppDelegate::didSelectDateTo(const QDateTime& date) {
@@ -113,6 +135,7 @@ void AppDelegate::didSelectDateTo(const QDateTime& date) {
   if (!date.isValid()) return;
   saveEndDate(date);
   setUpCalendarTitle();
+  _window->outlets().toolsView->focusShownView();
 }
 
 // Only one word asks the diary, which is not read for the look of a menu.

@@ -2,6 +2,8 @@
 
 #include <QCloseEvent>
 #include <QIcon>
+#include <QPushButton>
+#include <QScrollArea>
 #include <QScrollBar>
 
 #include "drawing/Fonts.h"
@@ -16,6 +18,13 @@ namespace {
 
 constexpr int kIntervalPixels = 14;
 constexpr int kMenuPixels = 13;
+constexpr int kLeastContentWidth = 800;
+constexpr int kPersonMargin = 12;
+constexpr int kPersonInset = 3;
+
+const QString kPersonSheet = QStringLiteral(
+    "QPushButton { background: %1; color: %2; border: 1px solid %2; border-radius: 5px; padding: 0 12px; }"
+    "QPushButton:hover, QPushButton:focus { background: %2; color: %1; }");
 
 }  // namespace
 
@@ -27,6 +36,8 @@ MainWindow::MainWindow() : _ui(std::make_unique<Ui::MainWindow>()) {
   dressScroller(_ui->chartsScrollView->verticalScrollBar(), palette::white);
   dressToolTips();
   dressInHouseStyle(_ui->menuBar, kMenuPixels);
+  makeContentScroll();
+  makePersonButton();
   keepLanguageKeys(this);
 }
 
@@ -37,9 +48,46 @@ void MainWindow::closeEvent(QCloseEvent* event) {
   event->accept();
 }
 
-void MainWindow::resizeEvent(QResizeEvent* event) {
-  QMainWindow::resizeEvent(event);
-  emit didResize();
+void MainWindow::makeContentScroll() {
+  QWidget* content = takeCentralWidget();
+  content->setMinimumWidth(kLeastContentWidth);
+  content->installEventFilter(this);
+  auto* hall = new QScrollArea;
+  hall->setFrameShape(QFrame::NoFrame);
+  hall->setFocusPolicy(Qt::NoFocus);
+  hall->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  hall->setWidgetResizable(true);
+  hall->setWidget(content);
+  setCentralWidget(hall);
+}
+
+// Beside the bar and not in it, whose children a screen reader takes for menus.
+void MainWindow::makePersonButton() {
+  _person = new QPushButton(QStringLiteral("Set date of birth and height…"), this);
+  _person->setStyleSheet(kPersonSheet.arg(palette::darkTeal.name(), palette::white.name()));
+  _person->setFont(fonts::system(kMenuPixels));
+  _person->setFlat(true);
+  _person->hide();
+  _ui->menuBar->installEventFilter(this);
+}
+
+void MainWindow::setPersonWanted(bool wanted) {
+  _person->setVisible(wanted && !_ui->menuBar->isNativeMenuBar());
+  placePersonButton();
+}
+
+void MainWindow::placePersonButton() {
+  const QRect bar = _ui->menuBar->geometry();
+  const QSize size(_person->sizeHint().width(), bar.height() - 2 * kPersonInset);
+  _person->setGeometry(bar.right() - kPersonMargin - size.width(), bar.top() + kPersonInset, size.width(),
+                       size.height());
+  _person->raise();
+}
+
+bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::Resize && watched == _ui->content) emit didResize();
+  if (event->type() == QEvent::Resize && watched == _ui->menuBar) placePersonButton();
+  return QMainWindow::eventFilter(watched, event);
 }
 
 }  // namespace sanovia

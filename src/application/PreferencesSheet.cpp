@@ -1,6 +1,7 @@
 #include "application/PreferencesSheet.h"
 
 #include <QCalendarWidget>
+#include <QStyledItemDelegate>
 #include <QTextCharFormat>
 
 #include "core/dates/Utils.h"
@@ -24,6 +25,9 @@ constexpr int kOK = 1;  // the tag of the button that stores
 constexpr QSize kPickerSize(340, 290);
 const QDate kOldestBirthday(1900, 1, 1);
 
+// At noon, so that the day stays itself when the zone moves west.
+QDateTime atNoon(const QDate& day) { return {day, QTime(12, 0)}; }
+
 void setColour(QWidget* label, const QColor& colour) {
   label->setStyleSheet(QStringLiteral("color: %1;").arg(colour.name()));
 }
@@ -40,6 +44,7 @@ PreferencesSheet::PreferencesSheet(QWidget* window)
   setColour(_ui->whyRefused, palette::red);
   for (QLabel* label : {_ui->lbName, _ui->lbBirthday, _ui->lbMeasure, _ui->lbHeight})
     setColour(label, palette::red);
+  _ui->pbMeasure->setItemDelegate(new QStyledItemDelegate(this));  // the rows' height is the sheet's to say
   setUpBirthday();
   keepLanguageKeys(this);
   updateFormatters();
@@ -86,7 +91,7 @@ void PreferencesSheet::checkUserDefaultData() {
   if (birthday.isValid())
     picker->setDateTime(birthday);
   else
-    Preferences::storeBirthday(picker->dateTime());
+    Preferences::storeBirthday(atNoon(picker->date()));
 }
 
 void PreferencesSheet::showEvent(QShowEvent* event) {
@@ -139,7 +144,7 @@ void PreferencesSheet::buttonPressed(const QObject* sender) {
     }
     const float height = Utils::convertFromInches(_ui->tfHeight->floatValue(), !isMetric());
     const bool isSameMeasure = Preferences::measure() == measure();
-    Preferences::store(_ui->tfName->text(), height, measure(), _ui->pbBirthday->dateTime());
+    Preferences::store(_ui->tfName->text(), height, measure(), atNoon(_ui->pbBirthday->date()));
     if (!isSameMeasure) NotificationCenter::defaultCenter().post(changeMeasurementsNotification);
   }
   done(tag);

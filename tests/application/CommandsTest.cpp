@@ -37,6 +37,7 @@ class Commands : public LaunchedHome {
     for (int i = 0; i < 5; ++i) {
       EXPECT_EQ(buttons()[i]->isChecked(), expected[i]) << i;
       EXPECT_EQ(items()[i]->isEnabled(), !expected[i]) << i;
+      EXPECT_EQ(items()[i]->isChecked(), expected[i]) << i;
     }
   }
   QList<QAbstractButton*> buttons() {
@@ -67,7 +68,8 @@ TEST_F(Commands, ShowEachKindAndViewByButtonItemAndKey) {
 TEST_F(Commands, OfTheReportAreEnabledByARowOfAnyKindWithinTheInterval) {
   setLocale(u"de_DE"_s);
   launch();
-  const QStringList always = texts({"Preferences", "Quit", "Pressure", "Blood", "Charts", "Help", "About"});
+  const QStringList always =
+      texts({"Preferences", "Quit", "Pressure", "Blood", "Charts", "SelectDay", "Help", "About"});
   for (const auto& [kind, day, isReported] : {std::tuple("general", "2026-10-31", false),
                                               {"pressure", "2026-11-01", true},
                                               {"blood", "2026-11-15", true}}) {
@@ -90,6 +92,18 @@ TEST_F(Commands, OfTheReportAreEnabledByARowOfAnyKindWithinTheInterval) {
     EXPECT_EQ(delegate->reportWindow(), nullptr);
     delegate->dataIsPresent();
   }
+}
+
+TEST_F(Commands, SelectADayAndPressAButtonByKeys) {
+  launch();
+  press(Qt::Key_D);
+  EXPECT_EQ(table().selectedRow(), 0);
+  ui().bnCharts->setFocus();
+  QTest::keyClick(ui().bnCharts, Qt::Key_Return);
+  EXPECT_EQ(ui().toolsView->mode(), ToolsView::kCharts);
+  press(Qt::Key_D);
+  EXPECT_EQ(ui().chartsView->selectedDay(), 15);
+  EXPECT_TRUE(ui().chartsView->hasFocus());
 }
 
 TEST_F(Commands, OpenThePreferencesOnceAndQuit) {

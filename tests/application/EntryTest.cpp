@@ -24,7 +24,8 @@ TEST_F(Entry, TakesAValueAndShowsItInTheTable) {
   EXPECT_EQ(panel().geometry(), QRect(0, 120, 1100, 880 - menus()));
   EXPECT_EQ(query(u"SELECT gdate FROM general"_s), QStringList()) << "nothing is written by itself";
   panel().buttonOf(602)->click();
-  QTest::keyClick(&panel(), Qt::Key_Escape);
+  ui().bnBlood->setFocus();
+  QTest::keyClick(ui().bnBlood, Qt::Key_Escape);  // wherever the keyboard is
   ASSERT_TRUE(waitForPanel(false));
   EXPECT_TRUE(table().isVisible() && table().hasFocus());
   EXPECT_EQ(cell(0, 3), u"Good"_s);
@@ -55,6 +56,7 @@ TEST_F(Entry, ShutsThePanelBeforeItsDayGoesOrTheViewChanges) {
       ASSERT_TRUE(waitForPanel(false));
       EXPECT_EQ(query(u"SELECT wellbeing FROM general"_s), isRisen ? texts({"2"}) : QStringList());
       EXPECT_EQ(ui().dataView->isHidden(), ui().bnCharts->isChecked());
+      EXPECT_TRUE(table().hasFocus() || ui().chartsView->hasFocus()) << "the view that shows";
       delegate->saveEndDate(at("2026-11-15T00:00:00"));
       ui().bnGeneral->click();
       ui().bnData->click();

@@ -1,4 +1,6 @@
 // The launch and shutdown sequences of the whole window, and the interval that it shows.
+#include <QPushButton>
+
 #include "core/foundation/Settings.h"
 #include "support/LaunchedHome.h"
 #include "ui/calendar/MLCalendarCell.h"
@@ -25,6 +27,13 @@ TEST_F(LaunchTest, FirstRunShowsTwoWeeksOfGeneralConditionInATable) {
   EXPECT_EQ(rows(), 15);
   EXPECT_FALSE(ui().reportOutlet->isEnabled());
   EXPECT_TRUE(takeLog().isEmpty());
+  EXPECT_NE(table().hint(), QString());
+  QPushButton* person = delegate->window()->personButton();
+  EXPECT_TRUE(person->isVisible());
+  addRow("blood", "2020-01-01");
+  settings.userBirthday.store(u"1980-01-01 12:00:00 +0000"_s);
+  delegate->dataIsPresent();
+  EXPECT_TRUE(table().hint().isEmpty() && person->isHidden()) << "whatever the interval";
 }
 
 TEST_F(LaunchTest, BringsBackKindViewAndAFrameThatFitsTheDesk) {
@@ -36,7 +45,8 @@ TEST_F(LaunchTest, BringsBackKindViewAndAFrameThatFitsTheDesk) {
   addRow("blood");
   relaunch();
   EXPECT_EQ(std::pair(ui().toolsView->type(), ui().toolsView->mode()), std::pair(qint64(2), qint64(1)));
-  EXPECT_EQ(delegate->window()->geometry(), QRect(20, 30, 900, 820)) << "the frame before it was maximised";
+  EXPECT_TRUE(delegate->window()->isMaximized());
+  EXPECT_EQ(delegate->window()->normalGeometry(), QRect(20, 30, 900, 820)) << "the frame before";
   EXPECT_TRUE(ui().reportOutlet->isEnabled());
   const std::pair<const char*, QRect> frames[] = {
       {"0 0 3000 2000", {0, 0, 1920, 1200}},
@@ -45,6 +55,7 @@ TEST_F(LaunchTest, BringsBackKindViewAndAFrameThatFitsTheDesk) {
   for (const auto& [stored, shown] : frames) {
     quit();
     settings.windowFrame.store(QString::fromLatin1(stored));
+    settings.windowIsMaximised.remove();
     launch();
     const QRect frame = delegate->window()->geometry();
     EXPECT_EQ(frame.size(), shown.size()) << stored;
@@ -102,6 +113,33 @@ TEST_F(LaunchTest, ChangesTheIntervalByAWord) {
   EXPECT_EQ(labels()[1], u"To 02/28/2024"_s);
   QTest::keyClick(delegate->window()->focusWidget(), Qt::Key_Right, Qt::ControlModifier);
   EXPECT_EQ(labels().mid(0, 2), texts({"From 02/29/2024", "To 11/15/2026"}));
+}
+
+TEST_F(LaunchTest, NoticesADayThatBeginsWhileItIsOpen) {
+  launch();
+  addRow("general", "2026-11-17");
+  table().selectRow(3);
+  setNow(u"2026-11-17T00:01:00"_s);
+  QEvent activation(QEvent::WindowActivate);
+  QCoreApplication::sendEvent(delegate->window(), &activation);
+  EXPECT_EQ(std::pair(rows(), cell(0, 1)), std::pair(17, u"11/17/2026"_s));
+  EXPECT_EQ(labels()[1], u"To 11/17/2026"_s);
+  EXPECT_EQ(table().selectedRow(), 5) << "the same day as before";
+  EXPECT_TRUE(ui().reportOutlet->isEnabled());
+  // Nobody has left the window: the row on top is then today's when it opens.
+  setNow(u"2026-11-18T00:01:00"_s);
+  editRow(0);
+  ASSERT_TRUE(waitForPanel(true));
+  EXPECT_EQ(std::get<1>(panel().data())->date, u"2026-11-18"_s);
+  setNow(u"2026-11-19T00:01:00"_s);
+  QCoreApplication::sendEvent(delegate->window(), &activation);
+  EXPECT_TRUE(panel().opened()) << "the day that is being edited stays";
+  QTest::keyClick(&panel(), Qt::Key_Escape);
+  ASSERT_TRUE(waitForPanel(false));
+  EXPECT_EQ(cell(0, 1), u"11/19/2026"_s);
+  delegate->didSelectDateTo(at("2026-11-18T00:00:00"));
+  setNow(u"2026-11-20T00:01:00"_s);
+  EXPECT_FALSE(delegate->noticeNewDay()) << "an interval that ends on another day stays as it is";
 }
 
 TEST_F(LaunchTest, RepairsAStartBehindTheEndAndCountsOneDay) {

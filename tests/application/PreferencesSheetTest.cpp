@@ -4,6 +4,7 @@
 #include "core/foundation/Paths.h"
 #include "core/foundation/Settings.h"
 #include "core/localisation/Language.h"
+#include "core/measures/ValueText.h"
 #include "core/preferences/Preferences.h"
 #include "support/LaunchedHome.h"
 #include "ui_Preferences.h"
@@ -87,6 +88,7 @@ TEST_F(Sheet, StoresEverythingAndTellsOfAChangedMeasureAlone) {
   on().pbBirthday->setDate(QDate(1990, 5, 17));
   on().btnOK->click();
   EXPECT_EQ(posted, 0);
+  EXPECT_EQ(Preferences::birthday().time(), QTime(12, 0)) << "so that no zone to the west moves the day";
   EXPECT_FLOAT_EQ(Preferences::height(), 1.778F);
   EXPECT_EQ(Preferences::birthday().date(), QDate(1990, 5, 17));
   delegate->preferences();
@@ -94,6 +96,9 @@ TEST_F(Sheet, StoresEverythingAndTellsOfAChangedMeasureAlone) {
   choose("Metric");
   on().btnOK->click();
   EXPECT_EQ(posted, 1);
+  EXPECT_EQ(table().model()->headerData(2, Qt::Horizontal).toString(),
+            titleOf("temperature", Measure::Unit::Temperature))
+      << "the table's titles follow at once";
   EXPECT_EQ(settings.userMeasure.value(), u"Metric"_s) << "under its name in every language";
   EXPECT_FLOAT_EQ(Preferences::height(), 1.778F);
   EXPECT_TRUE(labels()[0].contains(u"01/11/2026"_s));
@@ -104,7 +109,8 @@ TEST_F(Sheet, StoresNothingWhenItIsCancelled) {
   const QByteArray before = stored();
   write(on().tfName, "Nobody");
   choose("Metric");
-  on().btnCancel->click();
+  on().btnCancel->setFocus();
+  QTest::keyClick(on().btnCancel, Qt::Key_Return);
   EXPECT_FALSE(sheet().isVisible());
   EXPECT_EQ(std::pair(stored(), posted), std::pair(before, 0));
 }

@@ -103,6 +103,23 @@ TEST_F(CalendarTest, IsWalkedAndPickedByKeys) {
   QTest::keyClick(QApplication::focusWidget(), Qt::Key_Up);
   QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
   EXPECT_EQ(delegate.to, QList{at("2026-11-09T00:00:00")});
+
+  const auto key = [](Qt::Key pressed) { QTest::keyClick(QApplication::focusWidget(), pressed); };
+  const auto isOn = [](const char* name) {
+    return QApplication::focusWidget()->accessibleName() == QLatin1StringView(name);
+  };
+  key(Qt::Key_Up);
+  key(Qt::Key_Up);  // over the edge of the month
+  EXPECT_TRUE(isOn("Monday, October 26, 2026"));
+  key(Qt::Key_Down);
+  EXPECT_TRUE(isOn("Monday, November 2, 2026"));
+  key(Qt::Key_PageUp);
+  EXPECT_TRUE(isOn("Friday, October 2, 2026"));
+  for (int month = 0; month < 2; ++month) key(Qt::Key_PageDown);
+  EXPECT_TRUE(isOn("Previous month")) << "no day of December may be picked";
+  key(Qt::Key_PageUp);
+  EXPECT_TRUE(isOn("Monday, November 9, 2026"));
+  EXPECT_TRUE(page.dayCells().constLast()->isHidden()) << "no nameless button";
 }
 
 }  // namespace

@@ -27,6 +27,7 @@ class ChartsViewTest : public TestHome {
   ChartsViewTest() {
     Preferences::fillInMissingDefaults();
     settings.userMeasure.store(u"Metric"_s);
+    settings.userBirthday.store(u"2000-01-01 12:00:00 +0000"_s);
     Pressure pressure(u"2026-11-11"_s);
     pressure.systolic = 120;
     pressure.pulse = 100;
@@ -145,6 +146,38 @@ TEST_F(ChartsViewTest, AToolTipSaysTheDayItsValueAndItsNorm) {
   EXPECT_EQ(tipAt(middle(2)), u"11/11/2026: 120 mmHg, in the norm"_s);
   EXPECT_EQ(tipAt(middle(3)), u"12/11/2026: not entered"_s);
   EXPECT_EQ(charts.dayText(104, 9), QString());
+  settings.userBirthday.remove();
+  EXPECT_EQ(tipAt(middle(2)), u"11/11/2026: 120 mmHg, in the norm (date of birth not set)"_s);
+  // Where a day is narrower than a hand is steady, the value nearby is told; the days around it have none.
+  start = at("2025-11-10T00:00:00");
+  charts.setDateFrom();
+  const QPoint value = middle(367);
+  for (const int off : {-3, 0, 3})
+    EXPECT_TRUE(tipAt(value + QPoint(off, 0)).startsWith(u"11/11/2026: 120"_s)) << off;
+  EXPECT_TRUE(tipAt(value - QPoint(10, 0)).endsWith(u"not entered"_s));
+}
+
+TEST_F(ChartsViewTest, AStripIsPaintedAsInTheWhole) {
+  Pressure beyond(u"2026-11-12"_s);
+  beyond.systolic = 420;  // leaves its chart at the top
+  beyond.diastolic = 0;   // and at the foot
+  beyond.update();
+  charts.updateValues();
+  charts.selectDay(3);
+  const QImage whole = painted();
+  constexpr int kStrip = 7;
+  QImage strips(whole.size(), whole.format());
+  for (int y = 0; y < whole.height(); y += kStrip)
+    charts.render(&strips, QPoint(0, y), QRegion(0, y, whole.width(), kStrip));
+  EXPECT_TRUE(strips == whole);
+}
+
+TEST_F(ChartsViewTest, SelectsTheNewestDayWithARecordOrElseTheLast) {
+  charts.selectNewestDay();
+  EXPECT_EQ(charts.selectedDay(), 2);
+  setType(RecordType::blood);
+  charts.selectNewestDay();
+  EXPECT_EQ(charts.selectedDay(), 5);
 }
 
 TEST_F(ChartsViewTest, AScreenReaderMeetsChartsAndTheirDays) {

@@ -64,6 +64,12 @@ TEST_F(Controls, APopoverTakesTheKeyboardFollowsItsAnchorAndGoes) {
   EXPECT_LT(popover.x(), 120);
   QTest::mouseClick(&window, Qt::LeftButton, {}, QPoint(700, 700));
   EXPECT_TRUE(popover.isHidden());
+
+  popover.showRelativeTo(&anchor);
+  QTest::keyClick(content, Qt::Key_Tab);
+  EXPECT_TRUE(content->hasFocus()) << "Tab stays in it";
+  first.setFocus();
+  EXPECT_TRUE(popover.isHidden() && first.hasFocus());
 }
 
 }  // namespace

@@ -13,7 +13,7 @@
 #include "support/ArtificialMeasure.h"
 #include "support/TestHome.h"
 #include "ui/charts/Property.h"
-#include "ui/controls/BaseColoredButton.h"
+#include "ui/controls/StepButton.h"
 #include "ui/controls/WhiteSlider.h"
 #include "ui/entry/DayCellDelegate.h"
 #include "ui/entry/EditAnimationView.h"
@@ -98,6 +98,8 @@ TEST_F(EditPanel, MovesASliderByMouseAndWheelAndReachesTheEnds) {
   const Pressure& record = *std::get<2>(panel.data());
   QTest::mouseClick(systolic, Qt::LeftButton, {}, QPoint(10, 2));
   EXPECT_EQ(record.systolic, 200);
+  QTest::mouseClick(systolic, Qt::LeftButton, {}, QPoint(10, 25));
+  EXPECT_EQ(record.systolic, 200) << "taken hold of below its middle, the knob stays";
   QTest::mousePress(systolic, Qt::LeftButton, {}, QPoint(10, systolic->height() / 2));
   EXPECT_EQ(record.systolic, 135);
   QMouseEvent drag(QEvent::MouseMove, QPointF(10, systolic->height() + 90), QPointF(), Qt::NoButton,
@@ -106,7 +108,43 @@ TEST_F(EditPanel, MovesASliderByMouseAndWheelAndReachesTheEnds) {
   EXPECT_EQ(record.systolic, 70);
   QWheelEvent wheel(QPointF(5, 5), QPointF(5, 5), {}, QPoint(0, 240), {}, {}, Qt::NoScrollPhase, false);
   QCoreApplication::sendEvent(systolic, &wheel);
+  EXPECT_EQ(record.systolic, 70) << "the wheel passes by";
+  panel.show();
+  panel.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&panel));
+  systolic->setFocus();
+  QCoreApplication::sendEvent(systolic, &wheel);
   EXPECT_EQ(query(u"SELECT systolic FROM pressure"_s), texts({"72"}));
+}
+
+TEST_F(EditPanel, AHeldButtonQuickensAndItsReleaseAddsNothing) {
+  EXPECT_EQ(repeatInterval(0), 100);
+  EXPECT_EQ(repeatInterval(1000), 60);
+  EXPECT_EQ(repeatInterval(9000), 20);
+  show(RecordType::pressure);
+  const Pressure& record = *std::get<2>(panel.data());
+  QTest::mousePress(panel.buttonOf(603), Qt::LeftButton);
+  ASSERT_TRUE(QTest::qWaitFor([&] { return record.pulse >= 72; }));
+  const qint64 held = record.pulse;
+  QTest::mouseRelease(panel.buttonOf(603), Qt::LeftButton);
+  EXPECT_EQ(record.pulse, held);
+  QTest::mouseClick(panel.buttonOf(603), Qt::LeftButton);
+  EXPECT_EQ(record.pulse, held + 1) << "the next click is one again";
+}
+
+// At 614 points, which a screen of 768 has at a scale of 1.25, and less.
+TEST_F(EditPanel, ScrollsWhereItIsLowAndBringsWhatHasTheKeyboardIntoSight) {
+  show(RecordType::blood);
+  panel.resize(800, 300);
+  panel.show();
+  panel.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&panel));
+  EXPECT_GT(panel.sliderOf(1)->height(), 100);
+  for (QWidget* control :
+       {static_cast<QWidget*>(panel.buttonOf(611)), static_cast<QWidget*>(panel.buttonOf(601))}) {
+    control->setFocus();
+    EXPECT_TRUE(panel.rect().contains(control->geometry()));
+  }
 }
 
 TEST_F(EditPanel, ShowsTheValueLineInItsOwnWords) {
@@ -164,7 +202,6 @@ TEST_F(EditPanel, HasSlidersForWhatIsEnteredAndNoneForWhatIsDerived) {
     expectSliders(RecordType::general, 4);
     EXPECT_TRUE(panel.buttonOf(605)->isHidden());
   }
-  EXPECT_TRUE(panel.buttonOf(601)->autoRepeat() && panel.buttonOf(611)->autoRepeat()) << "while it is held";
   expectSliders(RecordType::pressure, 3);
   expectSliders(RecordType::blood, 5);
   // Without a record nothing is written.
@@ -184,7 +221,9 @@ TEST_F(EditPanel, SpeaksToAScreenReader) {
     for (int column = 1; panel.sliderOf(column) != nullptr; ++column) {
       const Measure& measure = storedMeasuresOf(type)[static_cast<size_t>(column - 1)];
       const QString title = Language::stringForKey(QLatin1StringView(measure.titleKey));
-      EXPECT_EQ(nameOf(panel.sliderOf(column)), titleOf(measure.titleKey, measure.unit));
+      EXPECT_EQ(nameOf(panel.sliderOf(column)), titleWithUnit(measure));
+      EXPECT_EQ(panel.tipAt(QPointF((column + 0.5) * panel.width() / (type == 1 ? 5 : 6), 80)),
+                titleWithUnit(measure));
       EXPECT_EQ(nameOf(panel.buttonOf(600 + column)), title + u" plus"_s);
       EXPECT_EQ(nameOf(panel.buttonOf(610 + column)), title + u" minus"_s);
     }
@@ -195,7 +234,10 @@ TEST_F(EditPanel, SpeaksToAScreenReader) {
   show(RecordType::pressure);
   QAccessibleInterface* slider = QAccessible::queryAccessibleInterface(panel.sliderOf(1));
   EXPECT_EQ(slider->role(), QAccessible::Slider);
-  EXPECT_EQ(slider->text(QAccessible::Value), QString()) << "unset";
+  EXPECT_EQ(slider->text(QAccessible::Value), u"not entered"_s);
+  EXPECT_EQ(slider->text(QAccessible::Description), u"not entered"_s);
+  EXPECT_EQ(slider->valueInterface(), nullptr) << "where the knob rests is no value";
+  slider->actionInterface()->doAction(QAccessibleActionInterface::increaseAction());
   QAccessibleValueInterface& value = *slider->valueInterface();
   value.setCurrentValue(131);
   EXPECT_EQ(std::get<2>(panel.data())->systolic, 131) << "a value set is a change like a drag";
@@ -208,6 +250,16 @@ TEST_F(EditPanel, SpeaksToAScreenReader) {
       ->actionInterface()
       ->doAction(QAccessibleActionInterface::pressAction());
   EXPECT_EQ(query(u"SELECT systolic FROM pressure"_s), texts({"132"}));
+  EXPECT_EQ(panel.buttonOf(601)->accessibleDescription(), u"132"_s) << "to whoever is on the button";
+
+  show(RecordType::general);
+  for (const int tag : {601, 602}) panel.buttonPressed(tag);
+  slider = QAccessible::queryAccessibleInterface(panel.sliderOf(1));
+  EXPECT_EQ(slider->valueInterface()->currentValue().toDouble(), 97.9) << "in the shown unit";
+  EXPECT_NEAR(slider->valueInterface()->maximumValue().toDouble(), 105.8, 1e-9);
+  slider = QAccessible::queryAccessibleInterface(panel.sliderOf(2));
+  EXPECT_EQ(slider->text(QAccessible::Description), u"Good"_s) << "a word as a word";
+  EXPECT_EQ(slider->valueInterface(), nullptr);
 }
 
 TEST_F(EditPanel, IsWalkedByTabFieldByField) {

@@ -76,6 +76,17 @@ TEST_F(TableTest, FillsItsWidthAtAnySizeAndKeepsTheEditColumn) {
     }
 }
 
+TEST_F(TableTest, TheFirstKeySelectsTheNewestRowOrTheLast) {
+  table.setFocus();
+  const QImage before = table.grab().toImage();
+  for (const auto& [key, row] : {std::pair(Qt::Key_Down, 0), {Qt::Key_Up, 0}, {Qt::Key_End, 2}}) {
+    table.clearSelection();
+    EXPECT_EQ(table.grab().toImage(), before) << "a mark shows until a row is selected";
+    QTest::keyClick(&table, key);
+    EXPECT_EQ(table.selectedRow(), row);
+  }
+}
+
 TEST_F(TableTest, OpensTheEditorOnTheVeryRecordOfTheRow) {
   QTest::keyClick(&table, Qt::Key_Return);
   EXPECT_TRUE(editor.calls.isEmpty()) << "no row is selected";

@@ -99,10 +99,12 @@ struct SettingsTable {
   Setting<QList<qint64>> openPressure{.key = "prefPressure", .absent = chartsOpenAtFirst};
   Setting<QList<qint64>> openBlood{.key = "prefBlood", .absent = chartsOpenAtFirst};
 
-  // What the window showed last: kind of record, view, and "x y width height".
+  // What the window showed last: kind of record, view, "x y width height" when it is not maximised, and
+  // whether it was, 0 or 1.
   Setting<qint64> recordType{.key = "healthInfoType", .absent = 0};
   Setting<qint64> viewMode{.key = "healthInfoMode", .absent = 0};
   Setting<QString> windowFrame{.key = "SanoviaWindow"};
+  Setting<qint64> windowIsMaximised{.key = "windowIsMaximised", .absent = 0};
 
   // Whether no two rows share a key. Names every row, so that a row that is left out here does not build.
   constexpr bool hasUniqueKeys() const;
@@ -111,11 +113,11 @@ struct SettingsTable {
 inline constexpr SettingsTable settings;
 
 constexpr bool SettingsTable::hasUniqueKeys() const {
-  const auto& [name, height, measure, birthday, from, to, general, pressure, blood, type, mode, frame] =
-      *this;
-  const std::array<std::string_view, 12> keys{name.key,  height.key, measure.key, birthday.key,
-                                              from.key,  to.key,     general.key, pressure.key,
-                                              blood.key, type.key,   mode.key,    frame.key};
+  const auto& [name, height, measure, birthday, from, to, general, pressure, blood, type, mode, frame,
+               isMaximised] = *this;
+  const std::array<std::string_view, 13> keys{name.key, height.key,  measure.key,    birthday.key, from.key,
+                                              to.key,   general.key, pressure.key,   blood.key,    type.key,
+                                              mode.key, frame.key,   isMaximised.key};
   for (size_t i = 0; i < keys.size(); ++i)
     for (size_t j = 0; j < i; ++j)
       if (keys.at(i) == keys.at(j)) return false;

@@ -40,6 +40,7 @@ QString pathOfFolder(const QString& name) {
 }  // namespace
 
 QString Language::systemLanguage() {
+  if (QLocale().language() == QLocale::C) return english();
   return QLocale().uiLanguages().value(0).section(QLatin1Char('-'), 0, 0);
 }
 

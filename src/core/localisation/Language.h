@@ -19,7 +19,8 @@ class Language {
   static QString spanish() { return QStringLiteral("es"); }
   static QString chinese() { return QStringLiteral("zh"); }
 
-  // The language code of the user's locale, such as "de"; it need not be one that has a table.
+  // The language code of the user's locale, such as "de"; it need not be one that has a table. The locales
+  // "C" and "POSIX" speak English.
   static QString systemLanguage();
 
   // The folder name without its extension: "zh-Hans" for "zh", any other code unchanged.

@@ -14,6 +14,7 @@ constexpr double kFahrenheitPerCelsius = 1.8;
 constexpr double kFahrenheitAtFreezing = 32.0;
 constexpr double kPoundsPerKilogram = 2.2046;
 constexpr qint64 kBestWellbeing = 3;
+constexpr double kTenth = 0.1;
 
 QString unitText(Measure::Unit unit) {
   const bool metric = Preferences::isMetric();
@@ -42,7 +43,17 @@ const char* positionKey(const NormBand& norm, double value) {
   return single > norm.high ? "norm_above" : "norm_in";
 }
 
+bool goesByAge(const NormRule& norm) {
+  return norm.of >= NormRule::Of::SystolicAge && norm.of <= NormRule::Of::PulsePressureAge;
+}
+
 }  // namespace
+
+QString titleWithUnit(const Measure& measure) {
+  const QString title = titleOf(measure.titleKey, measure.unit);
+  const bool hasUnit = measure.unit == Measure::Unit::Fixed && *measure.unitKey != '\0';
+  return hasUnit ? title + filled(word("unit_in_title"), word(measure.unitKey)) : title;
+}
 
 QString titleOf(const char* titleKey, Measure::Unit unit) { return word(titleKey) + unitText(unit); }
 
@@ -54,6 +65,14 @@ double shownValue(double stored, Measure::Unit unit, bool isMetric) {
   if (unit == Measure::Unit::Fixed || isMetric) return stored;
   return unit == Measure::Unit::Temperature ? stored * kFahrenheitPerCelsius + kFahrenheitAtFreezing
                                             : stored * kPoundsPerKilogram;
+}
+
+bool isShownAsNumber(const Measure& measure) {
+  return measure.display == Measure::Display::OneDecimal || measure.display == Measure::Display::Integer;
+}
+
+double leastShownStep(const Measure& measure) {
+  return measure.display == Measure::Display::OneDecimal ? kTenth : 1.0;
 }
 
 std::optional<double> dayValue(const Measure& measure, const RecordRef& record) {
@@ -99,7 +118,10 @@ QString dayPhrase(const Measure& measure, const RecordRef& record) {
   const QString text = valueText(measure, record);
   const QString shown = unit.isEmpty() ? text : text + QLatin1Char(' ') + unit;
   const std::optional<NormBand> norm = normOf(measure, personOfPreferences());
-  return norm ? filled(word(positionKey(*norm, *value)), shown) : shown;
+  if (!norm) return shown;
+  const QString phrase = filled(word(positionKey(*norm, *value)), shown);
+  const bool isOfNobody = goesByAge(measure.norm) && !Preferences::birthday().isValid();
+  return isOfNobody ? phrase + filled(QStringLiteral(" (%@)"), word("no_birthday")) : phrase;
 }
 
 }  // namespace sanovia

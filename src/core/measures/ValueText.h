@@ -11,11 +11,18 @@ namespace sanovia {
 // it.
 QString titleOf(const char* titleKey, Measure::Unit unit);
 
+// The title of a measure with its unit, whichever it is: "Hemoglobin, g/dl". A word has none.
+QString titleWithUnit(const Measure& measure);
+
 // Stored units to shown ones: degrees Celsius to Fahrenheit and kilograms to pounds unless the system is
 // metric.
 double shownValue(double stored, Measure::Unit unit);
 // The same for many values: the measure system is asked for once.
 double shownValue(double stored, Measure::Unit unit, bool isMetric);
+
+// Whether the value is shown as a number, and the least step between two numbers as they are shown.
+bool isShownAsNumber(const Measure& measure);
+double leastShownStep(const Measure& measure);
 
 // The day's value in stored units, stored or computed with the height of the preferences; nothing when there
 // is none.
@@ -31,7 +38,8 @@ QString dateOf(const RecordRef& record);
 QString dateText(const RecordRef& record);
 
 // The day's value with its unit and how it lies to its norm, in a whole phrase: "36.6 °C, in the norm". A
-// word stands alone, and a value that was not entered is said to be so.
+// word stands alone, and a value that was not entered is said to be so. Where the norm goes by age and no
+// date of birth is set, the phrase says so.
 QString dayPhrase(const Measure& measure, const RecordRef& record);
 
 }  // namespace sanovia

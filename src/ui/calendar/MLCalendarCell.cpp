@@ -40,6 +40,7 @@ void MLCalendarCell::setRepresentedDate(const QDateTime& date) {
   setText(date.isValid() ? QString::number(day.day()) : QString());
   setAccessibleName(date.isValid() ? QLocale().toString(day, QLocale::LongFormat) : QString());
   setFocusPolicy(date.isValid() ? Qt::StrongFocus : Qt::NoFocus);
+  setHidden(!date.isValid());  // no nameless button for a screen reader
 }
 
 bool MLCalendarCell::isToday() const { return calendar::isSameDate(_representedDate, Clock::now()); }

@@ -17,7 +17,7 @@ class MLCalendarCell : public QPushButton {
 
   void setOwner(MLCalendarView* owner);
 
-  // A midnight in UTC; invalid for a cell outside the month, which paints nothing but background.
+  // A midnight in UTC; invalid for a cell outside the month, of which nothing shows but background.
   const QDateTime& representedDate() const { return _representedDate; }
   void setRepresentedDate(const QDateTime& date);
 

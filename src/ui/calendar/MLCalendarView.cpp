@@ -1,5 +1,6 @@
 #include "ui/calendar/MLCalendarView.h"
 
+#include <QApplication>
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QLabel>
@@ -38,6 +39,9 @@ void MLCalendarView::viewDidLoad() {
     if (cell == nullptr) continue;
     connect(cell, &QPushButton::clicked, this, [this, cell] { cellClicked(cell); });
     cell->setOwner(this);
+    QSizePolicy place = cell->sizePolicy();
+    place.setRetainSizeWhenHidden(true);
+    cell->setSizePolicy(place);
     cell->installEventFilter(this);
     _dayCells.append(cell);
   }
@@ -49,6 +53,7 @@ void MLCalendarView::viewDidLoad() {
     label->setText(QLocale().standaloneDayName(toolkitDay, QLocale::ShortFormat).toUpper());
   }
   _ui->background->setBackgroundColor(_backgroundColor);
+  for (QWidget* button : {_ui->bnPrevMonth, _ui->bnNextMonth}) button->installEventFilter(this);
   connect(_ui->bnPrevMonth, &QPushButton::clicked, this, &MLCalendarView::prevMonth);
   connect(_ui->bnNextMonth, &QPushButton::clicked, this, &MLCalendarView::nextMonth);
   layoutCalendar();
@@ -100,24 +105,64 @@ void MLCalendarView::cellClicked(MLCalendarCell* cell) {
     _delegate->didSelectDateTo(picked);
 }
 
-// The keyboard goes to the picked day, or to the first one that can be picked.
 void MLCalendarView::focusInEvent(QFocusEvent* event) {
   QWidget::focusInEvent(event);
-  MLCalendarCell* target = nullptr;
+  focusAnyDay(event->reason());
+}
+
+// The keyboard goes to the picked day, or to the first one that can be picked; on a page without one to the
+// button that leads back to some.
+void MLCalendarView::focusAnyDay(Qt::FocusReason reason) {
+  QWidget* target = nullptr;
   for (MLCalendarCell* cell : _dayCells) {
     if (!cell->representedDate().isValid() || !cell->isEnabled()) continue;
     if (target == nullptr || cell->selected()) target = cell;
   }
-  if (target != nullptr) target->setFocus(event->reason());
+  const bool isTooLate = _dateMax.isValid() && _date > _dateMax;
+  if (target == nullptr) target = isTooLate ? _ui->bnPrevMonth : _ui->bnNextMonth;
+  target->setFocus(reason);
 }
 
 bool MLCalendarView::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() != QEvent::KeyPress) return QWidget::eventFilter(watched, event);
+  const int key = static_cast<QKeyEvent*>(event)->key();
+  if (key == Qt::Key_PageUp || key == Qt::Key_PageDown) {
+    turnPage(key == Qt::Key_PageUp ? -1 : 1);
+    return true;
+  }
   auto* cell = qobject_cast<MLCalendarCell*>(watched);
-  return cell != nullptr && moveFocus(cell, static_cast<QKeyEvent*>(event)->key());
+  return cell != nullptr && moveFocus(cell, key);
 }
 
-// Arrows walk the days of the month, Page Up and Down turn the page, Return picks like a click.
+// A control that is about to leave the page must not have the keyboard, which would leave with it.
+void MLCalendarView::turnPage(int delta) {
+  auto* before = qobject_cast<MLCalendarCell*>(QApplication::focusWidget());
+  const int day = before == nullptr ? 0 : before->text().toInt();
+  (delta < 0 ? _ui->bnPrevMonth : _ui->bnNextMonth)->setFocus(Qt::OtherFocusReason);
+  stepMonth(delta);
+  if (day == 0 || !focusDay(calendar::monthDay(_date, qMin(day, calendar::lastDayOfTheMonth(_date)))))
+    focusAnyDay(Qt::OtherFocusReason);
+}
+
+MLCalendarCell* MLCalendarView::cellOf(const QDateTime& day) const {
+  for (MLCalendarCell* cell : _dayCells)
+    if (calendar::isSameDate(cell->representedDate(), day)) return cell;
+  return nullptr;
+}
+
+bool MLCalendarView::focusDay(const QDateTime& day) {
+  const bool isAllowed = (!_dateMin.isValid() || day >= _dateMin) && (!_dateMax.isValid() || day <= _dateMax);
+  if (!isAllowed) return false;
+  if (cellOf(day) == nullptr) {
+    _ui->bnNextMonth->setFocus(Qt::OtherFocusReason);
+    setDate(calendar::localDay(day));
+  }
+  MLCalendarCell* cell = cellOf(day);
+  if (cell != nullptr) cell->setFocus(Qt::OtherFocusReason);
+  return cell != nullptr;
+}
+
+// Arrows walk the days, from month to month; Return picks like a click.
 bool MLCalendarView::moveFocus(MLCalendarCell* from, int key) {
   int step = 0;
   switch (key) {
@@ -125,16 +170,11 @@ bool MLCalendarView::moveFocus(MLCalendarCell* from, int key) {
     case Qt::Key_Right: step = 1; break;
     case Qt::Key_Up: step = -calendar::kColumns; break;
     case Qt::Key_Down: step = calendar::kColumns; break;
-    case Qt::Key_PageUp: prevMonth(); return true;
-    case Qt::Key_PageDown: nextMonth(); return true;
     case Qt::Key_Return:
     case Qt::Key_Enter: from->click(); return true;
     default: return false;
   }
-  const qsizetype place = _dayCells.indexOf(from) + step;
-  if (place < 0 || place >= _dayCells.size()) return true;
-  MLCalendarCell* target = _dayCells[place];
-  if (target->representedDate().isValid() && target->isEnabled()) target->setFocus(Qt::OtherFocusReason);
+  focusDay(from->representedDate().addDays(step));
   return true;
 }
 

@@ -75,6 +75,12 @@ class MLCalendarView : public QWidget {
   void layoutCalendar();
   void cellClicked(MLCalendarCell* cell);
   bool moveFocus(MLCalendarCell* from, int key);
+  MLCalendarCell* cellOf(const QDateTime& day) const;
+  // The day, on its own page, when it may be picked.
+  bool focusDay(const QDateTime& day);
+  // Turns the page and keeps the keyboard on it.
+  void turnPage(int delta);
+  void focusAnyDay(Qt::FocusReason reason);
 
   std::unique_ptr<Ui::MLCalendarView> _ui;
   QColor _backgroundColor = palette::white;

@@ -12,6 +12,10 @@
 namespace sanovia {
 namespace {
 
+// Half of the widest pen, and how far a text of a chart goes from where it stands, upright or lying.
+constexpr double kPen = 1;
+constexpr double kTextReach = 60;
+
 // Gaps that are narrower than a pixel are averaged, wider ones begin and end on the device's pixels.
 bool isDense(const QPainter& painter, const ChartPlan& plan) {
   const QTransform& toDevice = painter.deviceTransform();
@@ -157,6 +161,27 @@ void ChartPainter::drawScale(QPainter& painter, const ChartPlan& plan) const {
                        mark.value);
   }
   for (const RowWord& word : plan.words) drawTextAt(painter, word.at, word.word);
+}
+
+Reach ChartPainter::reachOf(const ChartPlan& plan) const {
+  Reach reach{plan.area.top(), plan.area.bottom()};
+  const auto widen = [&reach](double top, double bottom) {
+    reach.top = qMin(reach.top, qMin(top, bottom) - kPen);
+    reach.bottom = qMax(reach.bottom, qMax(top, bottom) + kPen);
+  };
+  for (const DayPlan& day : plan.days) {
+    if (day.filledWith != DayPlan::Fill::Nothing) widen(day.fill.top(), day.fill.bottom());
+    if (day.dot) widen(day.dot->y() - chart::kDotRadius, day.dot->y() + chart::kDotRadius);
+    if (day.line) widen(day.line->y1(), day.line->y2());
+  }
+  for (const ReferenceLine& line : plan.lines) widen(line.y, line.y);
+  for (const ScaleMark& mark : plan.marks)
+    widen(qMin(mark.arrow.y(), mark.text.y()),
+          qMax(mark.arrow.y() + arrowSize().height(), mark.text.y() + kTextReach));
+  for (const BlockText& label : plan.labels) widen(label.at.y() - kTextReach, label.at.y() + kTextReach);
+  if (plan.selection) widen(plan.selection->dateAt.y(), plan.selection->dateAt.y() + kTextReach);
+  if (plan.trial) widen(plan.trial->at.y(), plan.trial->at.y() + 2 * chart::trialFontSize);
+  return reach;
 }
 
 void ChartPainter::paint(QPainter& painter, const ChartPlan& plan) const {

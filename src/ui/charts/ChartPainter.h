@@ -9,11 +9,20 @@ class QPainter;
 
 namespace sanovia {
 
+// How far up and down something is painted.
+struct Reach {
+  double top;
+  double bottom;
+};
+
 class ChartPainter {
  public:
   ChartPainter();
 
   void paint(QPainter& painter, const ChartPlan& plan) const;
+
+  // Nothing of the plan is painted above or below. A value beyond its scale reaches out of the chart's area.
+  Reach reachOf(const ChartPlan& plan) const;
 
   // Natural size of the tags of a scale.
   QSizeF arrowSize() const { return _redArrow.size(); }

@@ -37,6 +37,7 @@ ChartsButtonPlan chartsButtonPlan(QSizeF button, ImagePosition position, QSizeF 
 ChartsButton::ChartsButton(QWidget* parent) : QPushButton(parent) {
   ClickAccessible::installFor(QString::fromLatin1(ChartsButton::staticMetaObject.className()));
   setCheckable(true);
+  setProperty("opens", true);
   setFlat(true);
   setFont(fonts::verdana(kButtonTitlePixels));
 }

@@ -12,6 +12,7 @@
 #include "drawing/Palette.h"
 #include "ui/charts/ChartMeasures.h"
 #include "ui/charts/ChartsAccessible.h"
+#include "ui/controls/FocusMark.h"
 
 namespace sanovia {
 namespace {
@@ -26,6 +27,7 @@ ChartsView::ChartsView(QWidget* parent) : PropertiesView(parent) {
   ChartsAccessible::install();
   setFocusPolicy(Qt::StrongFocus);
   setAttribute(Qt::WA_OpaquePaintEvent);
+  new FocusSides(this);
   NotificationCenter::defaultCenter().addObserver(this, changeMeasurementsNotification,
                                                   [this] { addPropertyViews(); });
 }
@@ -116,9 +118,13 @@ void ChartsView::paintEvent(QPaintEvent* event) {
   QPainter painter(this);
   painter.fillRect(event->rect(), palette::white);
   const ChartInputs inputs = chartInputs();
-  for (const PropertyPlace& place : columnPlan().places)
-    if (event->rect().intersects(QRectF(0, place.chartY, width(), place.chartHeight).toAlignedRect()))
-      if (const std::optional<ChartPlan> plan = chartPlan(inputs, place)) _painter.paint(painter, *plan);
+  for (const PropertyPlace& place : columnPlan().places) {
+    const std::optional<ChartPlan> plan = chartPlan(inputs, place);
+    if (!plan) continue;
+    const Reach reach = _painter.reachOf(*plan);
+    if (event->rect().top() <= reach.bottom && event->rect().bottom() >= reach.top)
+      _painter.paint(painter, *plan);
+  }
 }
 
 qint64 ChartsView::numberOfRows() const {

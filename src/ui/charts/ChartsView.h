@@ -32,6 +32,8 @@ class ChartsView : public PropertiesView {
 
   // Must be set before initValues().
   void setIntervalSource(IntervalSource source) { _interval = std::move(source); }
+  // What is to run before a day is edited; it may read the records anew.
+  void setBeforeEditing(std::function<void()> action) { _beforeEditing = std::move(action); }
   // The panel that edits a day; without one no day can be edited here.
   void setEditor(DayEditor* editor) { _editor = editor; }
 
@@ -60,6 +62,8 @@ class ChartsView : public PropertiesView {
   // The selected day, 1 for the first, 0 for none.
   qint64 selectedDay() const { return _selectedDay; }
   void selectDay(qint64 day);
+  // Selects the newest day with a record of the shown kind, or else the last day.
+  void selectNewestDay();
   // Opens the panel on the selected day's record; nothing happens without one.
   void editSelectedDay();
 
@@ -74,6 +78,8 @@ class ChartsView : public PropertiesView {
   QRectF dayRect(qint64 tag, qint64 day) const;
   // The measure of a property of the shown kind, null for a tag that names none.
   const Measure* measureOf(qint64 tag) const;
+  // The day that a tool tip at a point is about; nothing off all charts.
+  std::optional<DayHit> tipDayAt(QPointF point) const;
   // What a day's block says when it is asked: its date, and its value against the norm.
   QString dayText(qint64 tag, qint64 day) const;
 
@@ -116,6 +122,7 @@ class ChartsView : public PropertiesView {
   QDateTime _dateTo;
   DayRecords _records;
   qint64 _selectedDay = 0;
+  std::function<void()> _beforeEditing;
   DayEditor* _editor = nullptr;
   ChartPainter _painter;
 };

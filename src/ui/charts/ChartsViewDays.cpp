@@ -9,6 +9,20 @@
 #include "ui/charts/DayEditor.h"
 
 namespace sanovia {
+namespace {
+
+bool isStored(const RecordRef& record) {
+  return std::visit(
+      [](const auto& held) {
+        if constexpr (std::is_same_v<std::remove_cvref_t<decltype(held)>, std::monostate>)
+          return false;
+        else
+          return held->pk != -1;
+      },
+      record);
+}
+
+}  // namespace
 
 std::optional<DayHit> ChartsView::hitAt(QPointF point) const {
   return dayAt(point, columnPlan(), initBlocks());
@@ -36,13 +50,27 @@ QString ChartsView::dayText(qint64 tag, qint64 day) const {
   return dateText(record) + QStringLiteral(": ") + dayPhrase(*measure, record);
 }
 
+std::optional<DayHit> ChartsView::tipDayAt(QPointF point) const {
+  return dayNear(point, columnPlan(), initBlocks(), [this](const DayHit& hit) {
+    const Measure* measure = measureOf(hit.tag);
+    return measure != nullptr && dayValue(*measure, dataAtIndex(hit.day - 1)).has_value();
+  });
+}
+
 void ChartsView::selectDay(qint64 day) {
   _selectedDay = day;
   update();
   emit selectionMoved();
 }
 
+void ChartsView::selectNewestDay() {
+  qint64 day = countOfDays();
+  while (day > 0 && !isStored(dataAtIndex(day - 1))) --day;
+  selectDay(day > 0 ? day : countOfDays());
+}
+
 void ChartsView::editSelectedDay() {
+  if (_beforeEditing && !isEmpty(dataAtIndex(_selectedDay - 1))) _beforeEditing();
   const RecordRef record = dataAtIndex(_selectedDay - 1);
   if (_editor == nullptr || isEmpty(record)) return;
   _editor->setData(record);
@@ -90,10 +118,10 @@ void ChartsView::keyPressEvent(QKeyEvent* event) {
 bool ChartsView::event(QEvent* event) {
   if (event->type() != QEvent::ToolTip) return PropertiesView::event(event);
   const auto* help = static_cast<QHelpEvent*>(event);
-  const std::optional<DayHit> hit = hitAt(QPointF(help->pos()));
+  const std::optional<DayHit> hit = tipDayAt(QPointF(help->pos()));
   if (hit)
     QToolTip::showText(help->globalPos(), dayText(hit->tag, hit->day), this,
-                       dayRect(hit->tag, hit->day).toAlignedRect());
+                       QRect(help->pos(), QSize(1, 1)) | dayRect(hit->tag, hit->day).toAlignedRect());
   else
     QToolTip::hideText();
   return true;

@@ -12,6 +12,7 @@ namespace {
 
 constexpr double kFirstY = 1.0;
 constexpr int kSpacesInBlock = 10;
+constexpr double kNarrowDay = 8.0;  // points
 
 }  // namespace
 
@@ -49,8 +50,11 @@ ColumnPlan columnPlan(qint64 type, const std::vector<PropertyState>& buttons) {
   return plan;
 }
 
-std::optional<DayHit> dayAt(QPointF point, const ColumnPlan& column, const BlockRow& blocks) {
-  if (column.places.empty()) return std::nullopt;
+namespace {
+
+// The chart whose blocks answer at a height; null for none.
+const PropertyPlace* placeAt(double at, const ColumnPlan& column) {
+  if (column.places.empty()) return nullptr;
   double y = column.places.front().buttonY;
   for (const PropertyPlace& place : column.places) {
     y += chart::kButtonHeight;
@@ -58,12 +62,36 @@ std::optional<DayHit> dayAt(QPointF point, const ColumnPlan& column, const Block
     const double bandTop = y + chart::top;
     const double bandHeight = place.chartHeight - 2 * chart::top;
     y += place.chartHeight;
-    if (point.y() < bandTop || point.y() >= bandTop + bandHeight) continue;
-    for (qint64 day = 0; day < blocks.count(); ++day)
-      if (point.x() >= blocks.x(day) && point.x() < blocks.x(day) + blocks.blockWidth())
-        return DayHit{place.tag, day + 1};
+    if (at >= bandTop && at < bandTop + bandHeight) return &place;
   }
+  return nullptr;
+}
+
+}  // namespace
+
+std::optional<DayHit> dayAt(QPointF point, const ColumnPlan& column, const BlockRow& blocks) {
+  const PropertyPlace* place = placeAt(point.y(), column);
+  if (place == nullptr) return std::nullopt;
+  for (qint64 day = 0; day < blocks.count(); ++day)
+    if (point.x() >= blocks.x(day) && point.x() < blocks.x(day) + blocks.blockWidth())
+      return DayHit{place->tag, day + 1};
   return std::nullopt;
+}
+
+std::optional<DayHit> dayNear(QPointF point, const ColumnPlan& column, const BlockRow& blocks,
+                              const std::function<bool(const DayHit&)>& hasValue) {
+  const std::optional<DayHit> there = dayAt(point, column, blocks);
+  const PropertyPlace* place = placeAt(point.y(), column);
+  if (place == nullptr || blocks.blockWidth() + blocks.spaceWidth() >= kNarrowDay) return there;
+  std::optional<DayHit> nearest;
+  double distance = kNarrowDay / 2;
+  for (qint64 day = 0; day < blocks.count(); ++day) {
+    const double away = std::abs(blocks.x(day) + blocks.blockWidth() / 2 - point.x());
+    if (away > distance || !hasValue({place->tag, day + 1})) continue;
+    nearest = DayHit{place->tag, day + 1};
+    distance = away;
+  }
+  return nearest ? nearest : there;
 }
 
 }  // namespace sanovia

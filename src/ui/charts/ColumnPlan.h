@@ -5,6 +5,7 @@
 #include <QPointF>
 #include <QRectF>
 
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -60,5 +61,10 @@ struct DayHit {
 // gaps between buttons are left out, and the margin above a band counts below it, too, so that in most charts
 // the block answers 15 points beyond its foot.
 std::optional<DayHit> dayAt(QPointF point, const ColumnPlan& column, const BlockRow& blocks);
+
+// The day that is asked about at a point. Where days are narrower than 8 points it is the nearest one with a
+// value that is no farther than half of that; otherwise, and where there is none such, the day at the point.
+std::optional<DayHit> dayNear(QPointF point, const ColumnPlan& column, const BlockRow& blocks,
+                              const std::function<bool(const DayHit&)>& hasValue);
 
 }  // namespace sanovia

@@ -27,11 +27,20 @@ void ClickAccessible::installFor(const QString& className) {
 
 QAbstractButton* ClickAccessible::button() const { return static_cast<QAbstractButton*>(widget()); }
 
+QAccessible::Role ClickAccessible::role() const {
+  return button()->isCheckable() && !opens() ? QAccessible::RadioButton : QAccessible::Button;
+}
+
+bool ClickAccessible::opens() const { return button()->property("opens").toBool(); }
+
 QAccessible::State ClickAccessible::state() const {
   QAccessible::State state = QAccessibleWidget::state();
   state.checkable = button()->isCheckable();
   state.checked = button()->isChecked();
   state.pressed = button()->isDown();
+  state.expandable = opens();
+  state.expanded = opens() && button()->isChecked();
+  state.collapsed = opens() && !button()->isChecked();
   return state;
 }
 

@@ -24,7 +24,7 @@ QLabel { color: @black; }
 QLineEdit, QDateTimeEdit, QComboBox { background: @white; color: @black; border: 1px solid @lightGray;
   border-radius: 6px; padding: 7px 10px; min-height: 20px;
   selection-background-color: @teal; selection-color: @white; }
-QComboBox { padding: 7px 12px; }
+QComboBox { padding: 7px 12px; combobox-popup: 0; }
 QLineEdit:focus, QDateTimeEdit:focus, QComboBox:focus { border: 2px solid @teal; padding: 6px 9px; }
 QComboBox:focus { padding: 6px 11px; }
 QLineEdit[refused="true"] { border: 2px solid @red; padding: 6px 9px; }
@@ -32,6 +32,7 @@ QComboBox::drop-down, QDateTimeEdit::drop-down { border: none; width: 32px; subc
 QComboBox::down-arrow, QDateTimeEdit::down-arrow { image: url(:/images/Chevron-down.svg); width: 14px; height: 14px; }
 QComboBox QAbstractItemView { background: @white; color: @black; border: 1px solid @teal; outline: none;
   selection-background-color: @teal; selection-color: @white; }
+QComboBox QAbstractItemView::item { min-height: 32px; padding: 0 10px; }
 QPushButton { background: @white; color: @teal; border: 1px solid @teal; border-radius: 6px;
   padding: 8px 22px; min-width: 64px; min-height: 18px; }
 QPushButton:default { background: @teal; color: @white; }

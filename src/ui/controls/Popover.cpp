@@ -44,6 +44,8 @@ Popover::Popover(QWidget* window, QWidget* content) : QWidget(window), _content(
   content->setParent(this);
   setFocusPolicy(Qt::StrongFocus);
   setFocusProxy(content);
+  connect(qApp, &QApplication::focusChanged, this,
+          [this](const QWidget* /*old*/, const QWidget* now) { focusMoved(now); });
   hide();
 }
 
@@ -66,6 +68,27 @@ void Popover::closePopover() {
   const bool hadFocus = isAncestorOf(QApplication::focusWidget());
   hide();
   if (hadFocus && _earlierFocus) _earlierFocus->setFocus(Qt::PopupFocusReason);
+}
+
+void Popover::focusMoved(const QWidget* now) {
+  if (isVisible() && now != nullptr && now != this && !isAncestorOf(now)) closePopover();
+}
+
+// Round and round the controls of the content.
+bool Popover::focusNextPrevChild(bool next) {
+  QWidget* from = QApplication::focusWidget();
+  if (from == nullptr || !isAncestorOf(from)) return false;
+  const auto step = [next](QWidget* widget) {
+    return next ? widget->nextInFocusChain() : widget->previousInFocusChain();
+  };
+  for (QWidget* widget = step(from); widget != from; widget = step(widget)) {
+    const bool takesTab = (widget->focusPolicy() & Qt::TabFocus) == Qt::TabFocus;
+    if (!takesTab || widget == this || !isAncestorOf(widget) || !widget->isEnabled() || !widget->isVisible())
+      continue;
+    widget->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+    return true;
+  }
+  return true;
 }
 
 void Popover::place() {

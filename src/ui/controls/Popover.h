@@ -1,6 +1,7 @@
-// A panel that hangs at a control, with an arrow pointing at it, and that goes away at a click outside. It
-// lies inside the window of its control and not in a window of its own, so that it is always on the screen
-// and a screen reader finds it where the control is.
+// A panel that hangs at a control, with an arrow pointing at it, and that goes away at a click outside, at
+// Escape and when the keyboard goes elsewhere; Tab stays in it. It lies inside the window of its control and
+// not in a window of its own, so that it is always on the screen and a screen reader finds it where the
+// control is.
 #pragma once
 
 #include <QPointer>
@@ -43,9 +44,11 @@ class Popover : public QWidget {
   void paintEvent(QPaintEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
+  bool focusNextPrevChild(bool next) override;
 
  private:
   void place();
+  void focusMoved(const QWidget* now);
   void fadeIn();
 
   QWidget* _content;

@@ -10,10 +10,6 @@ QAccessibleInterface* sliderInterface(const QString& /*className*/, QObject* obj
   return slider == nullptr ? nullptr : new SliderAccessible(slider);
 }
 
-double stepOf(const WhiteSlider& slider) {
-  return (slider.spoken().max - slider.spoken().min) / slider.lastTick();
-}
-
 }  // namespace
 
 SliderAccessible::SliderAccessible(WhiteSlider* slider) : QAccessibleWidget(slider, QAccessible::Slider) {}
@@ -23,14 +19,13 @@ void SliderAccessible::install() {
   Q_UNUSED(installed)
 }
 
-double SliderAccessible::valueOf(const WhiteSlider& slider) {
-  return slider.spoken().min + slider.tick() * stepOf(slider);
-}
+double SliderAccessible::valueOf(const WhiteSlider& slider) { return slider.spoken().value.toDouble(); }
 
 WhiteSlider& SliderAccessible::slider() const { return *static_cast<WhiteSlider*>(widget()); }
 
 void* SliderAccessible::interface_cast(QAccessible::InterfaceType type) {
-  if (type == QAccessible::ValueInterface) return static_cast<QAccessibleValueInterface*>(this);
+  if (type == QAccessible::ValueInterface)
+    return slider().spoken().isNumber ? static_cast<QAccessibleValueInterface*>(this) : nullptr;
   return QAccessibleWidget::interface_cast(type);
 }
 
@@ -41,13 +36,27 @@ QString SliderAccessible::text(QAccessible::Text kind) const {
 QVariant SliderAccessible::currentValue() const { return valueOf(slider()); }
 
 void SliderAccessible::setCurrentValue(const QVariant& value) {
-  slider().moveTo(qRound((value.toDouble() - slider().spoken().min) / stepOf(slider())));
+  const WhiteSlider::Spoken& spoken = slider().spoken();
+  slider().moveTo(qRound((value.toDouble() - spoken.min) / (spoken.max - spoken.min) * slider().lastTick()));
 }
 
 QVariant SliderAccessible::minimumValue() const { return slider().spoken().min; }
 
 QVariant SliderAccessible::maximumValue() const { return slider().spoken().max; }
 
-QVariant SliderAccessible::minimumStepSize() const { return stepOf(slider()); }
+QVariant SliderAccessible::minimumStepSize() const { return slider().spoken().step; }
+
+QStringList SliderAccessible::actionNames() const {
+  return QStringList{increaseAction(), decreaseAction()} + QAccessibleWidget::actionNames();
+}
+
+void SliderAccessible::doAction(const QString& name) {
+  if (name == increaseAction())
+    slider().moveTo(slider().tick() + 1);
+  else if (name == decreaseAction())
+    slider().moveTo(slider().tick() - 1);
+  else
+    QAccessibleWidget::doAction(name);
+}
 
 }  // namespace sanovia

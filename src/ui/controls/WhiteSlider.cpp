@@ -81,26 +81,32 @@ void WhiteSlider::moveTo(int tick) {
 
 void WhiteSlider::setSpoken(const Spoken& spoken) {
   _spoken = spoken;
+  setAccessibleDescription(spoken.isNumber ? QString() : spoken.value);
+  if (!spoken.isNumber) return;
   QAccessibleValueChangeEvent event(this, SliderAccessible::valueOf(*this));
   QAccessible::updateAccessibility(&event);
 }
 
+WhiteSliderPlan WhiteSlider::plan() const {
+  return whiteSliderPlan(size(), static_cast<double>(_tick) / _lastTick, _lastTick);
+}
+
 void WhiteSlider::paintEvent(QPaintEvent* /*event*/) {
-  const WhiteSliderPlan plan = whiteSliderPlan(size(), static_cast<double>(_tick) / _lastTick, _lastTick);
+  const WhiteSliderPlan where = plan();
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.fillPath(plan.bar, palette::white);
+  painter.fillPath(where.bar, palette::white);
   QColor stepColor = palette::red;
   stepColor.setAlphaF(kStepBarOpacity);
   painter.setPen(QPen(stepColor, kStepBarWidth, Qt::SolidLine, Qt::FlatCap));
-  for (const QLineF& line : plan.stepBars) painter.drawLine(line);
+  for (const QLineF& line : where.stepBars) painter.drawLine(line);
   painter.setPen(Qt::NoPen);
   painter.setBrush(palette::white);
-  painter.drawEllipse(plan.knob);
+  painter.drawEllipse(where.knob);
   if (!hasFocus()) return;
   painter.setBrush(Qt::NoBrush);
   painter.setPen(QPen(palette::teal, kFocusWidth));
-  painter.drawEllipse(plan.knob.adjusted(kFocusWidth, kFocusWidth, -kFocusWidth, -kFocusWidth));
+  painter.drawEllipse(where.knob.adjusted(kFocusWidth, kFocusWidth, -kFocusWidth, -kFocusWidth));
 }
 
 void WhiteSlider::moveToPoint(double y) {
@@ -108,15 +114,26 @@ void WhiteSlider::moveToPoint(double y) {
   if (way > 0) moveTo(qRound((1 - (y - kKnobHeight / 2) / way) * _lastTick));
 }
 
+// The knob stays where it was taken hold of; a press beside it brings its middle under the pointer.
 void WhiteSlider::mousePressEvent(QMouseEvent* event) {
-  if (event->button() == Qt::LeftButton) moveToPoint(event->position().y());
+  if (event->button() != Qt::LeftButton) return;
+  const QRectF knob = plan().knob;
+  const bool isOnKnob = knob.contains(event->position());
+  _grab = isOnKnob ? event->position().y() - knob.center().y() : 0;
+  if (!isOnKnob) moveToPoint(event->position().y());
 }
 
 void WhiteSlider::mouseMoveEvent(QMouseEvent* event) {
-  if ((event->buttons() & Qt::LeftButton) != 0) moveToPoint(event->position().y());
+  if ((event->buttons() & Qt::LeftButton) != 0) moveToPoint(event->position().y() - _grab);
 }
 
+void WhiteSlider::mouseReleaseEvent(QMouseEvent* event) {
+  if (event->button() == Qt::LeftButton) _grab = 0;
+}
+
+// Whoever scrolls past does not change a day.
 void WhiteSlider::wheelEvent(QWheelEvent* event) {
+  if (!hasFocus()) return event->ignore();
   _wheel += event->angleDelta().y();
   const int steps = _wheel / kWheelStep;
   _wheel -= steps * kWheelStep;

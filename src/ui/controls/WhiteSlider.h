@@ -1,6 +1,6 @@
 // The vertical slider of the edit panel: a rounded white bar with an oval knob, and red bars across it where
-// it has few steps. It stands on ticks only and is moved by dragging, a click in its bar, the wheel and the
-// keys.
+// it has few steps. It stands on ticks only and is moved by dragging its knob, a press in its bar, the keys
+// and, while it has the keyboard, the wheel.
 #pragma once
 
 #include <QPainterPath>
@@ -32,11 +32,14 @@ class WhiteSlider : public QWidget {
   // Moves the knob as a person does; beyond an end it stays at that end.
   void moveTo(int tick);
 
-  // What a screen reader says: the range in stored units and the value as it is shown.
+  // What a screen reader says: the value as it is shown, and the range and the least step in the shown unit.
+  // What is no number, a word or that nothing was entered, is said as words alone.
   struct Spoken {
     double min = 0;
     double max = 0;
+    double step = 0;
     QString value;
+    bool isNumber = false;
   };
   void setSpoken(const Spoken& spoken);
   const Spoken& spoken() const { return _spoken; }
@@ -49,15 +52,18 @@ class WhiteSlider : public QWidget {
   void paintEvent(QPaintEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
+  WhiteSliderPlan plan() const;
   void moveToPoint(double y);
 
   int _tick = 0;
   int _lastTick = 1;
-  int _wheel = 0;  // turned so far towards the next step, in eighths of a degree
+  double _grab = 0;  // of the pointer below the middle of the knob that it drags
+  int _wheel = 0;    // turned so far towards the next step, in eighths of a degree
   Spoken _spoken;
 };
 

@@ -40,8 +40,10 @@ void DataView::setType(qint64 type) {
 void DataView::updateData() { _table->reloadData(); }
 
 void DataView::editData() {
+  if (_beforeEditing && _table->selectedRow() >= 0) _beforeEditing();
   const int row = _table->selectedRow();
   if (_editor == nullptr || row < 0) return;
+  _table->clearFocus();  // nobody has the keyboard meanwhile, else a screen reader would read out who
   setHidden(true);
   _editor->setTarget([this] { showWhenShut(); });
   _editor->setData(_source->dataAtIndex(_model->recordIndexOf(row)));

@@ -4,6 +4,8 @@
 
 #include <QWidget>
 
+#include <functional>
+
 namespace sanovia {
 
 class ChartsView;
@@ -21,6 +23,9 @@ class DataView : public QWidget {
   void setDataSource(ChartsView* source);
   void setEditor(DayEditor* editor) { _editor = editor; }
 
+  // What is to run before a row is opened; it may read the rows anew.
+  void setBeforeEditing(std::function<void()> action) { _beforeEditing = std::move(action); }
+
   MyTableView* getTable() const { return _table; }
 
   // Builds the columns of the kind of record anew. An editor that is open slides shut and tells nobody.
@@ -37,6 +42,7 @@ class DataView : public QWidget {
  private:
   ChartsView* _source = nullptr;
   DayEditor* _editor = nullptr;
+  std::function<void()> _beforeEditing;
   DayTableModel* _model;
   MyTableView* _table;
 };

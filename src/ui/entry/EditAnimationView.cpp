@@ -1,6 +1,10 @@
 #include "ui/entry/EditAnimationView.h"
 
+#include <QApplication>
+#include <QHelpEvent>
 #include <QKeyEvent>
+#include <QScrollBar>
+#include <QToolTip>
 
 #include <algorithm>
 
@@ -10,14 +14,13 @@
 #include "core/measures/EntryRules.h"
 #include "core/measures/ValueText.h"
 #include "core/preferences/Preferences.h"
-#include "ui/controls/BaseColoredButton.h"
+#include "drawing/Palette.h"
+#include "ui/controls/Scroller.h"
+#include "ui/controls/StepButton.h"
 #include "ui/controls/WhiteSlider.h"
 
 namespace sanovia {
 namespace {
-
-constexpr int kRepeatDelay = 400;     // milliseconds until a held button repeats
-constexpr int kRepeatInterval = 100;  // milliseconds
 
 // As many as the kind with the most measures has.
 int fieldCount() {
@@ -27,8 +30,9 @@ int fieldCount() {
   return static_cast<int>(count);
 }
 
-BaseColoredButton* makeButton(QWidget* parent, const QString& stem) {
-  auto* button = new BaseColoredButton(parent);
+template <class Button>
+Button* makeButton(QWidget* parent, const QString& stem) {
+  auto* button = new Button(parent);
   button->setImageName(stem + QStringLiteral("-off"));
   button->setAlternateImageName(stem + QStringLiteral("-on"));
   button->setAllowsMixedState(true);
@@ -37,21 +41,26 @@ BaseColoredButton* makeButton(QWidget* parent, const QString& stem) {
 
 }  // namespace
 
-EditAnimationView::EditAnimationView(QWidget* parent) : AnimationView(parent) {
+EditAnimationView::EditAnimationView(QWidget* parent)
+    : AnimationView(parent), _scroller(new QScrollBar(Qt::Vertical, this)) {
+  dressScroller(_scroller, palette::white);
+  connect(_scroller, &QScrollBar::valueChanged, this, [this] {
+    layoutControls();
+    update();
+  });
+  connect(qApp, &QApplication::focusChanged, this,
+          [this](const QWidget* /*old*/, const QWidget* now) { reveal(now); });
   setMovement(Up);
-  _closeButton = makeButton(this, QStringLiteral("Cancel"));
+  _closeButton = makeButton<BaseColoredButton>(this, QStringLiteral("Cancel"));
   _closeSize = NamedImage::named(QStringLiteral("Clear-off")).size();
   connect(_closeButton, &QPushButton::clicked, this, &EditAnimationView::buttonClose);
   for (const bool isPlus : {true, false})
     for (int field = 1; field <= fieldCount(); ++field) {
-      BaseColoredButton* button = makeButton(this, isPlus ? QStringLiteral("Plus") : QStringLiteral("Minus"));
+      auto* button = makeButton<StepButton>(this, isPlus ? QStringLiteral("Plus") : QStringLiteral("Minus"));
       const int tag = _btnID + field + (isPlus ? 0 : kMinusOffset);
       button->setProperty("tag", tag);
-      button->setAutoRepeat(true);
-      button->setAutoRepeatDelay(kRepeatDelay);
-      button->setAutoRepeatInterval(kRepeatInterval);
       button->resize(static_cast<int>(panel::kButtonSize), static_cast<int>(panel::kButtonSize));
-      connect(button, &QPushButton::clicked, this, [this, tag] { buttonPressed(tag); });
+      connect(button, &StepButton::stepped, this, [this, tag] { buttonPressed(tag); });
       _buttons.append(button);
     }
   setType(RecordType::general);
@@ -60,6 +69,7 @@ EditAnimationView::EditAnimationView(QWidget* parent) : AnimationView(parent) {
     if (opened() && isEmpty(_data)) animate();
   });
   NotificationCenter::defaultCenter().addObserver(this, changeMeasurementsNotification, [this] {
+    if (!isEmpty(_data)) setData(_data);
     nameControls();
     update();
   });
@@ -112,10 +122,20 @@ void EditAnimationView::loadSlider(int column) {
   speakSlider(column, *setUp);
 }
 
+// In the shown unit, which a screen reader's number must be in, too.
 void EditAnimationView::speakSlider(int column, const ChartValue& setUp) {
-  sliderOf(column)->setSpoken({.min = static_cast<double>(setUp.min()),
-                               .max = static_cast<double>(setUp.max()),
-                               .value = stringOfData(column)});
+  const Measure& measure = *measureOf(column);
+  const QString value = stringOfData(column);
+  const bool isNumber = isShownAsNumber(measure) && !value.isEmpty();
+  const QString said = value.isEmpty() ? word("not_entered") : value;
+  sliderOf(column)->setSpoken({.min = shownValue(static_cast<double>(setUp.min()), measure.unit),
+                               .max = shownValue(static_cast<double>(setUp.max()), measure.unit),
+                               .step = leastShownStep(measure),
+                               .value = said,
+                               .isNumber = isNumber});
+  // A reader that is on a button hears the value that the button has made.
+  for (const int tag : {_btnID + column, _btnID + kMinusOffset + column})
+    buttonOf(tag)->setAccessibleDescription(said);
 }
 
 QString EditAnimationView::stringOfData(qint64 column) const {
@@ -159,7 +179,9 @@ void EditAnimationView::buttonPressed(int tag) {
 void EditAnimationView::buttonClose() { animate(); }
 
 void EditAnimationView::valueChanged() {
-  update(QRectF(panel::kValueStrip.topLeft(), QSizeF(width(), panel::kValueStrip.height())).toAlignedRect());
+  update(QRectF(panel::kValueStrip.topLeft(), QSizeF(width(), panel::kValueStrip.height()))
+             .translated(0, -scrolled())
+             .toAlignedRect());
 }
 
 void EditAnimationView::keyPressEvent(QKeyEvent* event) {
@@ -167,9 +189,52 @@ void EditAnimationView::keyPressEvent(QKeyEvent* event) {
   event->accept();  // no key of the panel reaches the views behind it
 }
 
+QString EditAnimationView::tipAt(QPointF point) const {
+  if (point.y() + scrolled() >= panel::kBandHeight) return {};
+  const Measure* measure =
+      measureOf(static_cast<qint64>(point.x() * static_cast<double>(_sliders.size()) / width()));
+  return measure == nullptr ? QString() : titleWithUnit(*measure);
+}
+
+// The titles tell their units.
+bool EditAnimationView::event(QEvent* event) {
+  if (event->type() != QEvent::ToolTip) return AnimationView::event(event);
+  const auto* help = static_cast<QHelpEvent*>(event);
+  QToolTip::showText(help->globalPos(), tipAt(QPointF(help->pos())), this);
+  return true;
+}
+
 void EditAnimationView::resizeEvent(QResizeEvent* event) {
   AnimationView::resizeEvent(event);
+  placeScroller();
   layoutControls();
+}
+
+int EditAnimationView::scrolled() const { return _scroller->value(); }
+
+void EditAnimationView::placeScroller() {
+  const int hidden = qMax(0, panel::kLeastHeight - height());
+  _scroller->setRange(0, hidden);
+  _scroller->setPageStep(height());
+  _scroller->setSingleStep(panel::kScrollStep);
+  _scroller->setVisible(hidden > 0);
+  _scroller->setGeometry(width() - kScrollerWidth, 0, kScrollerWidth, height());
+  _scroller->raise();
+}
+
+void EditAnimationView::reveal(const QWidget* control) {
+  if (control == nullptr || control->parentWidget() != this) return;
+  const QRect place = control->geometry();
+  if (place.top() < 0)
+    _scroller->setValue(scrolled() + place.top());
+  else if (place.bottom() > height())
+    _scroller->setValue(scrolled() + qMin(place.bottom() - height() + 1, place.top()));
+}
+
+// Also that of a slider that does not take it for itself.
+void EditAnimationView::wheelEvent(QWheelEvent* event) {
+  if (_scroller->maximum() > 0) QCoreApplication::sendEvent(_scroller, event);
+  event->accept();
 }
 
 void EditAnimationView::layoutControls() {
@@ -177,11 +242,12 @@ void EditAnimationView::layoutControls() {
   for (int column = 1; column < _sliders.size(); ++column) {
     if (sliderOf(column) == nullptr) continue;
     const EditPanelColumn& place = where.columns[static_cast<size_t>(column)];
-    sliderOf(column)->setGeometry(QRect(place.slider.topLeft().toPoint(), place.slider.size().toSize()));
-    buttonOf(_btnID + column)->move(place.plus.toPoint());
-    buttonOf(_btnID + kMinusOffset + column)->move(place.minus.toPoint());
+    const QPoint up(0, -scrolled());
+    sliderOf(column)->setGeometry(QRect(place.slider.topLeft().toPoint() + up, place.slider.size().toSize()));
+    buttonOf(_btnID + column)->move(place.plus.toPoint() + up);
+    buttonOf(_btnID + kMinusOffset + column)->move(place.minus.toPoint() + up);
   }
-  _closeButton->setGeometry(where.closeButton.toRect());
+  _closeButton->setGeometry(where.closeButton.toRect().translated(0, -scrolled()));
 }
 
 // Field by field from left to right, from plus to minus, and the close button last.
@@ -206,7 +272,7 @@ void EditAnimationView::nameControls() {
     const Measure* measure = measureOf(column);
     if (measure == nullptr) continue;
     const QString field = word(measure->titleKey);
-    sliderOf(column)->setAccessibleName(titleOf(measure->titleKey, measure->unit));
+    sliderOf(column)->setAccessibleName(titleWithUnit(*measure));
     buttonOf(_btnID + column)->setAccessibleName(field + QLatin1Char(' ') + word("plus"));
     buttonOf(_btnID + kMinusOffset + column)->setAccessibleName(field + QLatin1Char(' ') + word("minus"));
   }

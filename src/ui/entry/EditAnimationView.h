@@ -13,6 +13,8 @@
 #include "ui/entry/AnimationView.h"
 #include "ui/entry/EditPanelPlan.h"
 
+class QScrollBar;
+
 namespace sanovia {
 
 class BaseColoredButton;
@@ -50,6 +52,9 @@ class EditAnimationView : public AnimationView, public DayEditor {
   BaseColoredButton* buttonOf(int tag) const;
   BaseColoredButton* closeButton() const { return _closeButton; }
 
+  // What a tool tip over a title says: the title with its unit; empty elsewhere.
+  QString tipAt(QPointF point) const;
+
   // Paints a plus or a minus sign that fills the rectangle.
   static void drawSign(QPainter& painter, bool isPlus, const QRectF& rect);
 
@@ -59,9 +64,11 @@ class EditAnimationView : public AnimationView, public DayEditor {
   void buttonClose();
 
  protected:
+  bool event(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void wheelEvent(QWheelEvent* event) override;
 
  private:
   int columnCount() const;
@@ -69,6 +76,11 @@ class EditAnimationView : public AnimationView, public DayEditor {
   QString titleOfColumn(int column) const;
   QString imageOfColumn(int column) const;
   EditPanelPlan plan() const;
+  // How far the panel is scrolled down, where it is lower than its content.
+  int scrolled() const;
+  void placeScroller();
+  // Brings a control of the panel into sight.
+  void reveal(const QWidget* control);
   void paintBand(QPainter& painter, const EditPanelPlan& where) const;
   void paintField(QPainter& painter, const EditPanelPlan& where) const;
   void layoutControls();
@@ -85,6 +97,7 @@ class EditAnimationView : public AnimationView, public DayEditor {
   QSizeF _closeSize;
   QVector<BaseColoredButton*> _buttons;
   BaseColoredButton* _closeButton;
+  QScrollBar* _scroller;
 };
 
 }  // namespace sanovia

@@ -42,7 +42,8 @@ QString EditAnimationView::imageOfColumn(int column) const {
 }
 
 EditPanelPlan EditAnimationView::plan() const {
-  return editPanelPlan(size(), static_cast<int>(_sliders.size()), _icons.first().size(), _closeSize);
+  const QSize room = size().expandedTo(QSize(0, panel::kLeastHeight));
+  return editPanelPlan(room, static_cast<int>(_sliders.size()), _icons.first().size(), _closeSize);
 }
 
 void EditAnimationView::drawSign(QPainter& painter, bool isPlus, const QRectF& rect) {
@@ -87,7 +88,8 @@ void EditAnimationView::paintEvent(QPaintEvent* event) {
   const EditPanelPlan where = plan();
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
-  if (event->rect().top() < panel::kBandHeight) paintBand(painter, where);
+  painter.translate(0, -scrolled());
+  if (event->rect().top() + scrolled() < panel::kBandHeight) paintBand(painter, where);
   paintField(painter, where);
 }
 

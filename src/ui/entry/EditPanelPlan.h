@@ -16,7 +16,9 @@ inline constexpr double kFootHeight = 120;            // of the teal foot
 inline constexpr double kValueTop = 170;              // of the value line's text
 inline constexpr QRectF kValueStrip(0, 150, 0, 50);   // what a change repaints, as wide as the panel
 inline constexpr double kShadow = 42.42640687119285;  // of the red field, to the right and down
-inline constexpr double kButtonSize = 23;             // of a plus or minus button
+inline constexpr int kLeastHeight = 560;              // a lower panel scrolls
+inline constexpr int kScrollStep = 40;
+inline constexpr double kButtonSize = 23;  // of a plus or minus button
 }  // namespace panel
 
 struct EditPanelColumn {

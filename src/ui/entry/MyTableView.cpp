@@ -1,16 +1,23 @@
 #include "ui/entry/MyTableView.h"
 
 #include <QKeyEvent>
+#include <QPainter>
 #include <QScrollBar>
 
 #include "drawing/Palette.h"
 #include "ui/charts/ChartsView.h"
+#include "ui/controls/FocusMark.h"
 #include "ui/controls/Scroller.h"
 #include "ui/entry/DayCellDelegate.h"
 #include "ui/entry/DayTableModel.h"
 #include "ui/entry/IconHeader.h"
 
 namespace sanovia {
+namespace {
+
+constexpr int kHintMargin = 24;
+
+}  // namespace
 
 MyTableView::MyTableView(QWidget* parent)
     : QTableView(parent), _scroller(new QScrollBar(Qt::Vertical, this)) {
@@ -81,7 +88,57 @@ int MyTableView::editButtonAt(const QPoint& point) const {
   return isButton ? index.row() : -1;
 }
 
+void MyTableView::setHint(const QString& hint) {
+  if (_hint == hint) return;
+  _hint = hint;
+  setAccessibleDescription(hint);
+  viewport()->update();
+}
+
+void MyTableView::paintEvent(QPaintEvent* event) {
+  QTableView::paintEvent(event);
+  QPainter painter(viewport());
+  if (!_hint.isEmpty()) paintHint(painter);
+  if (hasFocus() && selectedRow() < 0) drawFocusMark(painter, viewport()->rect());
+}
+
+void MyTableView::paintHint(QPainter& painter) const {
+  const QRect rows = viewport()->rect();
+  const int free = rowViewportPosition(_model->rowCount() - 1) + ChartsView::heightOfRow();
+  const QRect room = rows.adjusted(kHintMargin, qMax(0, free) + kHintMargin, -kHintMargin, 0);
+  painter.setFont(DayCellDelegate::cellFont());
+  painter.setPen(palette::white);
+  const int flags = Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap;
+  if (painter.boundingRect(room, flags, _hint).bottom() <= rows.bottom())
+    painter.drawText(room, flags, _hint);
+}
+
+// What is painted over the rows does not scroll with them.
+void MyTableView::scrollContentsBy(int dx, int dy) {
+  QTableView::scrollContentsBy(dx, dy);
+  viewport()->update();
+}
+
+void MyTableView::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
+  QTableView::selectionChanged(selected, deselected);
+  viewport()->update();
+}
+
+std::optional<int> MyTableView::firstRowFor(int key) const {
+  switch (key) {
+    case Qt::Key_Down:
+    case Qt::Key_Up:
+    case Qt::Key_PageDown:
+    case Qt::Key_PageUp:
+    case Qt::Key_Home: return 0;
+    case Qt::Key_End: return _model->rowCount() - 1;
+    default: return std::nullopt;
+  }
+}
+
 void MyTableView::keyPressEvent(QKeyEvent* event) {
+  const std::optional<int> first = selectedRow() < 0 ? firstRowFor(event->key()) : std::nullopt;
+  if (first && *first < _model->rowCount()) return selectRow(*first);
   if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
     emit doubleAction();
   else

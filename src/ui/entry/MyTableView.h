@@ -1,8 +1,11 @@
 // The table itself: striped rows in teal, the selected row in red, an edit button at the head of each row. A
-// double click, Return, Enter and the edit button all ask for the row to be edited.
+// double click, Return, Enter and the edit button all ask for the row to be edited. The first arrow selects
+// the row on top; until then a mark around the rows tells that the table has the keyboard.
 #pragma once
 
 #include <QTableView>
+
+#include <optional>
 
 namespace sanovia {
 
@@ -23,6 +26,9 @@ class MyTableView : public QTableView {
   int selectedRow() const;
   // Reads the rows and columns anew; the selected row stays selected as long as there is one at its place.
   void reloadData();
+  // A line in the free part below the last row; empty for none.
+  void setHint(const QString& hint);
+  const QString& hint() const { return _hint; }
   // The row whose edit button is held down; -1 for none.
   int pressedRow() const { return _pressedRow; }
 
@@ -30,6 +36,9 @@ class MyTableView : public QTableView {
   void doubleAction();
 
  protected:
+  void paintEvent(QPaintEvent* event) override;
+  void scrollContentsBy(int dx, int dy) override;
+  void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
   void keyPressEvent(QKeyEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
@@ -37,11 +46,15 @@ class MyTableView : public QTableView {
   void resizeEvent(QResizeEvent* event) override;
 
  private:
+  // The row that a key selects while none is selected; nothing for a key that selects none.
+  std::optional<int> firstRowFor(int key) const;
+  void paintHint(QPainter& painter) const;
   int editButtonAt(const QPoint& point) const;
   void placeScroller();
 
   DayTableModel* _model = nullptr;
   QScrollBar* _scroller;  // lies over the rows, so that they keep the whole width
+  QString _hint;
   int _pressedRow = -1;
 };
 

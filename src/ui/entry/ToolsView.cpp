@@ -68,7 +68,11 @@ void ToolsView::changeMode(qint64 mode) {
   _outlets.dataView->setHidden(mode == kCharts);
   _outlets.bnData->setChecked(mode == kTable);
   _outlets.bnCharts->setChecked(mode == kCharts);
-  // The table comes last, so that it has the keyboard if both are showing.
+  focusShownView();
+}
+
+// The table comes last.
+void ToolsView::focusShownView() {
   if (!_outlets.chartsView->isHidden()) _outlets.chartsView->setFocus(Qt::OtherFocusReason);
   if (!_outlets.dataView->isHidden()) _outlets.dataView->getTable()->setFocus(Qt::OtherFocusReason);
 }

@@ -47,6 +47,9 @@ class ToolsView : public QWidget {
   // A number that is no mode hides neither view and turns both of their buttons off.
   void changeMode(qint64 mode);
 
+  // Gives the keyboard to the view that shows; the table has it if both are showing.
+  void focusShownView();
+
   // The action of the five buttons; any other sender is ignored.
   void buttonPressed(QAbstractButton* sender);
 
