@@ -92,6 +92,9 @@ class AppDelegate : public QObject, public MLCalendarViewDelegate {
   void intervalMenuAction(const QAction* item);
   // In the charts the newest day with a record, or else the last one; in the table the newest row.
   void selectDay();
+  // The selected row of the table, or all rows, as text; or the whole column of charts as a picture.
+  void copy();
+  void saveCharts();
   void preferences();
   void displayHelp();
   // Returns when the panel has closed.
@@ -142,6 +145,7 @@ class AppDelegate : public QObject, public MLCalendarViewDelegate {
   void createCalendarPopover();
   // Whether the word of an interval is worth choosing now.
   static bool leadsSomewhere(qint64 word);
+  bool showsOpenCharts() const;
 
   // An open panel goes away, since its record is about to leave the lists.
   void closeEditPanel();

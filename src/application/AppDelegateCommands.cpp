@@ -35,7 +35,14 @@ const char* const kTag = "tag";
 // Items of the view menu: a tag below this is a view mode, any other a kind of record plus this.
 constexpr qint64 kFirstTypeTag = 2;
 
-enum class Rule : quint8 { Always, InTheTrialState, UnlessShowing, WithData, IfItLeadsSomewhere };
+enum class Rule : quint8 {
+  Always,
+  InTheTrialState,
+  UnlessShowing,
+  WithData,
+  IfItLeadsSomewhere,
+  WithOpenCharts
+};
 
 struct Command {
   const char* name;
@@ -54,6 +61,9 @@ constexpr Command kCommands[] = {
     {"intervalMenuAction", Rule::IfItLeadsSomewhere,
      [](AppDelegate& delegate, const QAction* item) { delegate.intervalMenuAction(item); }},
     {"selectDay", Rule::Always, [](AppDelegate& delegate, const QAction*) { delegate.selectDay(); }},
+    {"copy", Rule::Always, [](AppDelegate& delegate, const QAction*) { delegate.copy(); }},
+    {"saveCharts", Rule::WithOpenCharts,
+     [](AppDelegate& delegate, const QAction*) { delegate.saveCharts(); }},
     {"displayHelp", Rule::Always, [](AppDelegate& delegate, const QAction*) { delegate.displayHelp(); }},
     {"registerApp", Rule::InTheTrialState,
      [](AppDelegate& delegate, const QAction*) { delegate.registerApp(); }},
@@ -125,6 +135,7 @@ bool AppDelegate::isAllowed(const QAction* item, const std::function<bool()>& ho
     case Rule::Always: return true;
     case Rule::InTheTrialState: return Licensing::isTrial();
     case Rule::WithData: return holdsData();
+    case Rule::WithOpenCharts: return showsOpenCharts();
     case Rule::IfItLeadsSomewhere: return leadsSomewhere(tagOf(item));
     case Rule::UnlessShowing: return !isShowing(tagOf(item));
   }

@@ -48,6 +48,14 @@ PrinterChoice choiceOf(const QPrinter& printer) {
   return choice;
 }
 
+// A name filter for each ending, in their order.
+QStringList filtersOf(const QStringList& endings) {
+  QStringList filters;
+  for (const QString& ending : endings)
+    filters.append(QStringLiteral("%1 (*.%2)").arg(ending.toUpper(), ending));
+  return filters;
+}
+
 // The toolkit's dialogs, which are the desk's own where it has some.
 class DialogAsker : public Asker {
  public:
@@ -57,8 +65,12 @@ class DialogAsker : public Asker {
                                    QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setAcceptMode(QFileDialog::AcceptSave);
-    dialog->setNameFilter(QStringLiteral("%1 (*.%2)").arg(question.ending.toUpper(), question.ending));
+    const QStringList endings = QStringList(question.ending) + question.furtherEndings;
+    dialog->setNameFilters(filtersOf(endings));
     dialog->setDefaultSuffix(question.ending);
+    QObject::connect(dialog, &QFileDialog::filterSelected, dialog, [dialog, endings](const QString& filter) {
+      dialog->setDefaultSuffix(endings.value(filtersOf(endings).indexOf(filter)));
+    });
     dialog->selectFile(question.proposedName);
     QObject::connect(dialog, &QFileDialog::fileSelected, window, std::move(answer));
     dialog->setWindowModality(Qt::WindowModal);

@@ -18,8 +18,9 @@ namespace sanovia {
 // Where a file is to be written.
 struct FileQuestion {
   QString title;
-  QString proposedName;  // without an ending
-  QString ending;        // the one type allowed, such as "pdf"; added when the person leaves it out
+  QString proposedName;             // without an ending
+  QString ending;                   // of the type, such as "pdf"; added when the person leaves it out
+  QStringList furtherEndings = {};  // of the other types that may be chosen
 };
 
 // What is to be printed, and where. A file takes the document as it is: the rest is for printers.

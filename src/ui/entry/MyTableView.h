@@ -19,6 +19,7 @@ class MyTableView : public QTableView {
 
   // Puts the model in and the header that belongs to it.
   void setDayModel(DayTableModel* model);
+  const DayTableModel* dayModel() const { return _model; }
   // Gives the columns the widths of the plan, in whole points that add up to the view's width.
   void fitColumns();
 
