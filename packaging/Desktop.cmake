@@ -23,6 +23,12 @@ foreach(page sanovia.1 sanovia-cli.1)
   install(FILES ${CMAKE_CURRENT_BINARY_DIR}/${page}.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 endforeach()
 
+# Where each shell looks by itself, also in a package of Debian.
+install(FILES completions/sanovia-cli.bash DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions
+        RENAME sanovia-cli)
+install(FILES completions/_sanovia-cli DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions)
+install(FILES completions/sanovia-cli.fish DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d)
+
 # What a Debian package has and no other installation.
 configure_file(debian/changelog.in changelog.Debian @ONLY)
 compressed(changelog.Debian.gz changelog.Debian)

@@ -83,6 +83,18 @@ def check_manuals(prefix, version):
         expect(found, f"the man page of sanovia-cli lacks: {name}  {meaning}")
     promised, known = (set(re.findall(r"--[a-z]+", text)) for text in (tool, said))
     expect(promised == known, f"options of the man page {promised}, of the help {known}")
+    check_completions(prefix / "share", said)
+
+
+def check_completions(share, said):
+    """Every option and command that the help of the tool tells is completed in every shell."""
+    known = set(re.findall(r"--([a-z-]+)", said)) | set(re.findall(r"^  ([a-z]+) ", said, re.MULTILINE))
+    columns = set(re.findall(r"^  ([a-z]+)  ", said[said.index("Columns, named"):], re.MULTILINE))
+    for path in ("bash-completion/completions/sanovia-cli", "zsh/vendor-completions/_sanovia-cli",
+                 "fish/vendor_completions.d/sanovia-cli.fish"):
+        words = set(re.findall(r"[a-z]+(?:-[a-z]+)*", (share / path).read_text()))
+        missing = known - columns - words - {"mode"}
+        expect(not missing, f"{path} does not complete {missing}")
 
 
 def main():

@@ -1,0 +1,30 @@
+# Completions of sanovia-cli for fish.
+set -l commands import export report summary stats backup restore check
+
+complete -c sanovia-cli -n "not __fish_seen_subcommand_from $commands" -f
+complete -c sanovia-cli -n "not __fish_seen_subcommand_from $commands" -l help -d 'Show the help'
+complete -c sanovia-cli -n "not __fish_seen_subcommand_from $commands" -l version -d 'Show the version'
+complete -c sanovia-cli -n "not __fish_seen_subcommand_from $commands" -a import -d 'Take the days of a file into the diary'
+complete -c sanovia-cli -n "not __fish_seen_subcommand_from $commands" -a export -d 'Write the diary to a file'
+complete -c sanovia-cli -n "not __fish_seen_subcommand_from $commands" -a report -d 'Write the report for the doctor'
+complete -c sanovia-cli -n "not __fish_seen_subcommand_from $commands" -a summary -d 'Write the summary for the doctor'
+complete -c sanovia-cli -n "not __fish_seen_subcommand_from $commands" -a stats -d 'Print what an interval comes to'
+complete -c sanovia-cli -n "not __fish_seen_subcommand_from $commands" -a backup -d 'Copy the diary'
+complete -c sanovia-cli -n "not __fish_seen_subcommand_from $commands" -a restore -d 'Bring a copy back'
+complete -c sanovia-cli -n "not __fish_seen_subcommand_from $commands" -a check -d 'Look for faults in the diary'
+complete -c sanovia-cli -n "__fish_seen_subcommand_from import" -l date-order -xa 'dmy mdy ymd' -d 'Where 01/02/2026 might be two days'
+complete -c sanovia-cli -n "__fish_seen_subcommand_from import" -l units -xa 'metric us' -d 'What columns without a unit are in'
+complete -c sanovia-cli -n "__fish_seen_subcommand_from import" -l several -xa 'mean first last' -d 'What counts of several readings'
+complete -c sanovia-cli -n "__fish_seen_subcommand_from import" -l dry-run -d 'Say what would change, and store nothing'
+complete -c sanovia-cli -n "__fish_seen_subcommand_from export" -l format -xa 'csv fhir' -d 'The format'
+complete -c sanovia-cli -n "__fish_seen_subcommand_from export" -l with-person -d 'Say whose the values are'
+complete -c sanovia-cli -n "__fish_seen_subcommand_from export report summary stats" -l from -x -d 'The first day, yyyy-MM-dd'
+complete -c sanovia-cli -n "__fish_seen_subcommand_from export report summary stats" -l to -x -d 'The last day, yyyy-MM-dd'
+complete -c sanovia-cli -n "__fish_seen_subcommand_from report summary" -l paper -xa 'a4 letter' -d 'The paper'
+complete -c sanovia-cli -n "__fish_seen_subcommand_from restore" -l list -d 'List the copies'
+complete -c sanovia-cli -n "__fish_seen_subcommand_from restore" -l date -x -d 'The copy of that day, yyyy-MM-dd'
+complete -c sanovia-cli -n "__fish_seen_subcommand_from restore" -l missing -d 'Take over only what is missing'
+complete -c sanovia-cli -n "__fish_seen_subcommand_from restore check" -l json -d 'Print JSON'
+complete -c sanovia-cli -n "__fish_seen_subcommand_from import stats" -l json -d 'Print JSON'
+complete -c sanovia-cli -n "__fish_seen_subcommand_from check" -l repair -d 'Merge the rows of a double day'
+complete -c sanovia-cli -n "__fish_seen_subcommand_from stats check" -f
