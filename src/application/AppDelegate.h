@@ -121,6 +121,11 @@ class AppDelegate : public QObject, public MLCalendarViewDelegate {
   void connectMenus();
   // The report of the interval on the screen.
   SanoviaReport report() const;
+  // Changes with everything that the report is made from.
+  QByteArray sourceOfReport() const;
+  // The report's window is in front: it shows the diary as it is now.
+  void refreshReport();
+  bool isOnReport() const;
   // The window that a question of a report's command hangs on.
   QWidget* asksOn() const;
   QList<QAction*> menuItems() const;
@@ -158,6 +163,7 @@ class AppDelegate : public QObject, public MLCalendarViewDelegate {
   AboutPanel* _aboutPanel = nullptr;
   std::unique_ptr<HelpWindow> _helpWindow;
   std::unique_ptr<ReportWindow> _reportWindow;
+  QByteArray _shownSource;  // of the report that its window shows
   bool _isAboutRunning = false;
   bool _hasRows = false;  // of any kind and day; once it has, it is not asked again
   // When the preferences were opened.

@@ -15,6 +15,7 @@
 #include "application/HelpWindow.h"
 #include "application/MainWindow.h"
 #include "application/PreferencesSheet.h"
+#include "application/ReportWindow.h"
 #include "application/SingleStart.h"
 #include "core/foundation/Log.h"
 #include "core/foundation/Paths.h"
@@ -185,6 +186,7 @@ bool AppDelegate::eventFilter(QObject* watched, QEvent* event) {
       break;
     case QEvent::WindowActivate:
       if (watched == _window.get()) noticeNewDay();
+      if (watched == _reportWindow.get()) refreshReport();
       break;
     case QEvent::WindowBlocked:
       if (watched == _window.get() && _calendarPopover != nullptr) _calendarPopover->closePopover();

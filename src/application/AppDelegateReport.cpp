@@ -1,10 +1,16 @@
 // The report's commands of AppDelegate: they show, save and print the interval on the screen, day by day.
+#include <QFileInfo>
+
 #include "application/AppDelegate.h"
 #include "application/Asker.h"
 #include "application/MainWindow.h"
 #include "application/PrintJob.h"
 #include "application/ReportWindow.h"
 #include "application/WaitCursor.h"
+#include "core/foundation/Log.h"
+#include "core/foundation/Paths.h"
+#include "core/foundation/TextFormat.h"
+#include "core/foundation/WholeFile.h"
 #include "core/localisation/Language.h"
 #include "report/PrintSettings.h"
 #include "report/SanoviaReport.h"
@@ -16,6 +22,13 @@ namespace {
 // Fixed, in every language.
 const QString kSaveTitle = QStringLiteral("Save Report As:");
 const QString kEnding = QStringLiteral("pdf");
+const QString kJournal = QStringLiteral("-wal");  // where changes lie before they are in the diary's own file
+
+// Upright, whichever way it is printed on.
+QPageSize paperOf(const QSizeF& points) {
+  const QSizeF upright(qMin(points.width(), points.height()), qMax(points.width(), points.height()));
+  return QPageSize(upright, QPageSize::Point, QString(), QPageSize::FuzzyMatch);
+}
 
 }  // namespace
 
@@ -24,30 +37,66 @@ SanoviaReport AppDelegate::report() const {
   return {charts->dateFrom(), charts->dateTo(), SeriesModeDay};
 }
 
+bool AppDelegate::isOnReport() const { return _reportWindow && _reportWindow->isActiveWindow(); }
+
 QWidget* AppDelegate::asksOn() const {
-  const bool isOnReport = _reportWindow && _reportWindow->isActiveWindow();
-  return isOnReport ? static_cast<QWidget*>(_reportWindow.get()) : _window.get();
+  return isOnReport() ? static_cast<QWidget*>(_reportWindow.get()) : _window.get();
 }
 
+QByteArray AppDelegate::sourceOfReport() const {
+  const ChartsView* charts = _window->outlets().chartsView;
+  QStringList parts{charts->dateFrom().toString(Qt::ISODate), charts->dateTo().toString(Qt::ISODate),
+                    Language::language(), PrintSettings::paperSize().name()};
+  for (const QString& file :
+       {Paths::databaseFile(), Paths::databaseFile() + kJournal, Paths::settingsFile()}) {
+    const QFileInfo info(file);
+    parts += {info.lastModified().toString(Qt::ISODateWithMs), QString::number(info.size())};
+  }
+  return parts.join(QLatin1Char('|')).toUtf8();
+}
+
+void AppDelegate::refreshReport() {
+  const QByteArray source = sourceOfReport();
+  if (!_reportWindow->isVisible() || source == _shownSource) return;
+  const WaitCursor waiting;
+  const QByteArray pdf = report().createReportData();
+  if (pdf.isEmpty()) return;  // nothing is left to report: what is shown stays
+  _shownSource = source;
+  _reportWindow->replaceDocument(pdf);
+}
+
+// From the report's window the very document that it shows.
 void AppDelegate::saveReport() {
   const FileQuestion question{.title = kSaveTitle,
                               .proposedName = Language::stringForKey(QStringLiteral("Untitled")),
                               .ending = kEnding};
-  Asker::shared().askFileName(asksOn(), question, [this](const QString& path) {
+  Asker::shared().askFileName(asksOn(), question, [this, isShown = isOnReport()](const QString& path) {
     const WaitCursor waiting;
-    report().createReport(path);
+    if (!isShown) {
+      report().createReport(path);
+      return;
+    }
+    const std::optional<FileError> error = writeWhole(path, _reportWindow->bytes());
+    if (error) logLine(QStringLiteral("report not written: ") + error->text);
+    _reportWindow->say(error ? filled(word("not_saved"), error->text) : QString());
   });
 }
 
 void AppDelegate::print() {
-  Asker::shared().askPrinter(asksOn(), [this](const PrinterChoice& choice) {
+  Asker::shared().askPrinter(asksOn(), [this, isShown = isOnReport()](const PrinterChoice& choice) {
     const WaitCursor waiting;
-    printDocument(report().createReportData(), choice);
+    // The document is laid out for the paper that was chosen.
+    if (!choice.paper.isEmpty()) PrintSettings::setPaperSize(paperOf(choice.paper));
+    if (isShown) refreshReport();
+    const bool isPrinted =
+        printDocument(isShown ? _reportWindow->bytes() : report().createReportData(), choice);
+    if (isShown) _reportWindow->say(isPrinted ? QString() : word("not_printed"));
   });
 }
 
 void AppDelegate::openReport() {
   const WaitCursor waiting;
+  const QByteArray source = sourceOfReport();
   const QByteArray pdf = report().createReportData();
   if (pdf.isEmpty()) return;
   if (!_reportWindow) {
@@ -55,6 +104,7 @@ void AppDelegate::openReport() {
     connect(_reportWindow.get(), &ReportWindow::saveWanted, this, &AppDelegate::saveReport);
     connect(_reportWindow.get(), &ReportWindow::printWanted, this, &AppDelegate::print);
   }
+  _shownSource = source;
   _reportWindow->openDocument(pdf);
 }
 

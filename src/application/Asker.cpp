@@ -1,10 +1,15 @@
 #include "application/Asker.h"
 
+#include <QCoreApplication>
 #include <QFileDialog>
+#include <QFileInfo>
+#include <QMessageBox>
 #include <QPrintDialog>
 #include <QPrintEngine>
 #include <QPrinter>
 #include <QStandardPaths>
+
+#include "report/PrintSettings.h"
 
 namespace sanovia {
 namespace {
@@ -56,6 +61,21 @@ QStringList filtersOf(const QStringList& endings) {
   return filters;
 }
 
+// A name that a person wrote with a point in it gets its ending here, so that nobody has been asked yet
+// whether to replace a file of that name.
+void confirm(QWidget* window, const QString& path, const std::function<void(const QString&)>& answer) {
+  const QString question =
+      QCoreApplication::translate("QFileDialog", "%1 already exists.\nDo you want to replace it?");
+  auto* box = new QMessageBox(QMessageBox::Warning, {}, question.arg(QFileInfo(path).fileName()),
+                              QMessageBox::Yes | QMessageBox::No, window);
+  box->setAttribute(Qt::WA_DeleteOnClose);
+  box->setDefaultButton(QMessageBox::No);
+  QObject::connect(box, &QDialog::finished, window, [path, answer](int button) {
+    if (button == QMessageBox::Yes) answer(path);
+  });
+  box->open();
+}
+
 // The toolkit's dialogs, which are the desk's own where it has some.
 class DialogAsker : public Asker {
  public:
@@ -72,13 +92,21 @@ class DialogAsker : public Asker {
       dialog->setDefaultSuffix(endings.value(filtersOf(endings).indexOf(filter)));
     });
     dialog->selectFile(question.proposedName);
-    QObject::connect(dialog, &QFileDialog::fileSelected, window, std::move(answer));
+    QObject::connect(dialog, &QFileDialog::fileSelected, window,
+                     [window, dialog, endings, answer = std::move(answer)](const QString& path) {
+                       const QString file = withEnding(path, QStringList(dialog->defaultSuffix()) + endings);
+                       if (file != path && QFileInfo::exists(file))
+                         confirm(window, file, answer);
+                       else
+                         answer(file);
+                     });
     dialog->setWindowModality(Qt::WindowModal);
     dialog->show();
   }
 
   void askPrinter(QWidget* window, std::function<void(const PrinterChoice&)> answer) override {
     auto printer = std::make_shared<QPrinter>();
+    printer->setPageSize(PrintSettings::paperSize());
     auto* dialog = new QPrintDialog(printer.get(), window);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setOption(QAbstractPrintDialog::PrintToFile);
@@ -96,6 +124,12 @@ std::unique_ptr<Asker>& current() {
 }
 
 }  // namespace
+
+QString withEnding(const QString& path, const QStringList& endings) {
+  for (const QString& ending : endings)
+    if (path.endsWith(QLatin1Char('.') + ending, Qt::CaseInsensitive)) return path;
+  return path + QLatin1Char('.') + endings.value(0);
+}
 
 Asker& Asker::shared() {
   if (!current()) current() = std::make_unique<DialogAsker>();

@@ -39,6 +39,10 @@ struct PrinterChoice {
   QList<std::pair<QString, QString>> furtherOptions = {};
 };
 
+// The path with one of those endings: it gets the first unless it has one, whatever other points are in its
+// name.
+QString withEnding(const QString& path, const QStringList& endings);
+
 class Asker {
  public:
   virtual ~Asker() = default;

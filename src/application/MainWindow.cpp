@@ -58,6 +58,7 @@ void MainWindow::makeContentScroll() {
   hall->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   hall->setWidgetResizable(true);
   hall->setWidget(content);
+  dressScroller(hall->horizontalScrollBar(), palette::teal);
   setCentralWidget(hall);
 }
 

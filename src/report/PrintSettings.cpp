@@ -18,9 +18,15 @@ QPageSize& chosen() {
   return size;
 }
 
+// LC_ALL, which goes before LC_PAPER, is in the locale already.
+QLocale localeOfPaper() {
+  const QString named = qEnvironmentVariable("LC_PAPER");
+  return named.isEmpty() || !qEnvironmentVariableIsEmpty("LC_ALL") ? QLocale() : QLocale(named);
+}
+
 QPageSize usual() {
   const bool isLetter = std::find(std::begin(kLetterCountries), std::end(kLetterCountries),
-                                  QLocale().territory()) != std::end(kLetterCountries);
+                                  localeOfPaper().territory()) != std::end(kLetterCountries);
   return QPageSize(isLetter ? QPageSize::Letter : QPageSize::A4);
 }
 

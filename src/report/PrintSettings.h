@@ -7,8 +7,8 @@ namespace sanovia {
 
 class PrintSettings {
  public:
-  // What setPaperSize() said last, else the paper that is usual where the user's locale is: letter in the
-  // Americas and on the Philippines as far as they use it, A4 elsewhere.
+  // What setPaperSize() said last, else the paper that is usual where LC_PAPER says, or else the user's
+  // locale: letter in the Americas and on the Philippines as far as they use it, A4 elsewhere.
   static QPageSize paperSize();
   // An invalid size brings the usual paper back.
   static void setPaperSize(const QPageSize& size);

@@ -1,9 +1,16 @@
 // The lowest floor: settings and their file, the person's own values as the settings keep them, broadcasts,
 // and the filling of formats.
+#include <QFile>
+
+#include <cerrno>
+#include <csignal>
+#include <sys/resource.h>
+
 #include "core/foundation/NotificationCenter.h"
 #include "core/foundation/Paths.h"
 #include "core/foundation/Settings.h"
 #include "core/foundation/TextFormat.h"
+#include "core/foundation/WholeFile.h"
 #include "core/preferences/Preferences.h"
 #include "support/TestHome.h"
 
@@ -89,7 +96,8 @@ TEST_F(Foundation, WhatAPersonOrNonsenseWroteIsReadAndThenWritten) {
 }
 
 TEST_F(Foundation, AFirstRunFillsInWhatIsMissingAndLeavesTheRestAlone) {
-  for (const auto& [locale, measure] : {std::pair(u"en_GB"_s, u"US"_s), {u"fr_FR"_s, u"Metric"_s}}) {
+  for (const auto& [locale, measure] :
+       {std::pair(u"en_GB"_s, u"US"_s), {u"fr_FR"_s, u"Metric"_s}, {u"C"_s, u"US"_s}}) {
     settings.userMeasure.remove();
     setLocale(locale);
     Preferences::fillInMissingDefaults();
@@ -131,6 +139,20 @@ TEST_F(Foundation, AFormatIsFilledOnceAndNeverTrusted) {
   for (const auto& [value, text] :
        {std::pair(99.95, "100.0"), {12.75, "12.8"}, {36.25, "36.2"}, {-1.26, "-1.3"}})
     EXPECT_EQ(oneDecimal(value).toStdString(), text);
+}
+
+TEST_F(Foundation, AFileThatFindsNoRoomSaysSo) {
+  rlimit before{};
+  getrlimit(RLIMIT_FSIZE, &before);
+  const auto usual = signal(SIGXFSZ, SIG_IGN);
+  const rlimit little{.rlim_cur = 40'000, .rlim_max = before.rlim_max};
+  setrlimit(RLIMIT_FSIZE, &little);
+  const std::optional<FileError> error = writeWhole(file(u"large"_s), QByteArray(100'000, 'x'));
+  setrlimit(RLIMIT_FSIZE, &before);
+  signal(SIGXFSZ, usual);
+  ASSERT_TRUE(error);
+  EXPECT_EQ(error->text, file(u"large: "_s) + qt_error_string(EFBIG));
+  EXPECT_FALSE(QFile::exists(file(u"large"_s)));
 }
 
 }  // namespace

@@ -15,7 +15,7 @@
 namespace sanovia::test {
 namespace {
 
-constexpr int kPatience = 10000;  // milliseconds
+constexpr int kServerPatience = 10000;  // milliseconds
 
 const QString kProgram = QStringLiteral("/usr/sbin/cupsd");
 const QString kHelpers = QStringLiteral("/usr/lib/cups/daemon");
@@ -88,7 +88,7 @@ CupsServer::CupsServer(QString folder) : _folder(std::move(folder)), _port(freeP
                             _folder + QStringLiteral("/ServerRoot/cups-files.conf")});
   EXPECT_TRUE(_process.waitForStarted()) << "no " << kProgram.toStdString() << ": ./check installs it";
   useServer(QStringLiteral("127.0.0.1:%1").arg(_port));
-  EXPECT_TRUE(QTest::qWaitFor([this] { return activeJobs() >= 0; }, kPatience))
+  EXPECT_TRUE(QTest::qWaitFor([this] { return activeJobs() >= 0; }, kServerPatience))
       << _process.readAllStandardError().toStdString();
 }
 
@@ -122,7 +122,7 @@ void CupsServer::writeConfiguration() const {
 }
 
 QString CupsServer::printed() const {
-  EXPECT_TRUE(QTest::qWaitFor([this] { return activeJobs() == 0; }, kPatience));
+  EXPECT_TRUE(QTest::qWaitFor([this] { return activeJobs() == 0; }, kServerPatience));
   return QFile::exists(paper()) ? QString::fromUtf8(bytesOf(paper() + QStringLiteral(".asked"))) : QString();
 }
 

@@ -11,6 +11,16 @@ FileError failureOf(const QFileDevice& file) {
   return {file.fileName() + QStringLiteral(": ") + file.errorString()};
 }
 
+// A write that finds no room for all says why when the rest is tried, and a commit forgets it.
+bool writeAll(QFileDevice& file, const QByteArray& bytes) {
+  for (qint64 done = 0; done < bytes.size();) {
+    const qint64 written = file.write(bytes.constData() + done, bytes.size() - done);
+    if (written <= 0) return false;
+    done += written;
+  }
+  return file.flush();
+}
+
 }  // namespace
 
 std::variant<QByteArray, FileError> readWhole(const QString& name) {
@@ -26,7 +36,7 @@ std::optional<FileError> writeWhole(const QString& name, const QByteArray& bytes
   QSaveFile file(name);
   if (!file.open(QIODevice::WriteOnly)) return failureOf(file);
   if (isNew) file.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner);
-  if (file.write(bytes) != bytes.size() || !file.commit()) return failureOf(file);
+  if (!writeAll(file, bytes) || !file.commit()) return failureOf(file);
   return std::nullopt;
 }
 

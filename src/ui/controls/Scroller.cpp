@@ -12,9 +12,10 @@ constexpr int kUnderPointer = 220;
 const QString kScrollerSheet = QStringLiteral(
     "QScrollBar { background: transparent; border: none; margin: 2px 2px 2px 0; }"
     "QScrollBar:vertical { width: %3px; }"
-    "QScrollBar::handle { background: %1; border-radius: 4px; min-height: 32px; }"
+    "QScrollBar:horizontal { height: %3px; }"
+    "QScrollBar::handle { background: %1; border-radius: 4px; min-height: 32px; min-width: 32px; }"
     "QScrollBar::handle:hover { background: %2; }"
-    "QScrollBar::add-line, QScrollBar::sub-line { height: 0; }"
+    "QScrollBar::add-line, QScrollBar::sub-line { height: 0; width: 0; }"
     "QScrollBar::add-page, QScrollBar::sub-page { background: transparent; }");
 
 QString withAlpha(QColor color, int alpha) {
