@@ -32,10 +32,13 @@ install(FILES completions/sanovia-cli.fish DESTINATION ${CMAKE_INSTALL_DATADIR}/
 # What a Debian package has and no other installation.
 configure_file(debian/changelog.in changelog.Debian @ONLY)
 compressed(changelog.Debian.gz changelog.Debian)
+configure_file(${PROJECT_SOURCE_DIR}/CHANGELOG.md changelog COPYONLY)
+compressed(changelog.gz changelog)
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/changelog.Debian.gz debian/copyright
+        ${PROJECT_SOURCE_DIR}/README.md ${CMAKE_CURRENT_BINARY_DIR}/changelog.gz
         DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/sanovia COMPONENT debian EXCLUDE_FROM_ALL)
 
-add_custom_target(sanovia_packaging ALL DEPENDS sanovia.1.gz sanovia-cli.1.gz changelog.Debian.gz)
+add_custom_target(sanovia_packaging ALL DEPENDS sanovia.1.gz sanovia-cli.1.gz changelog.Debian.gz changelog.gz)
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME sanovia)

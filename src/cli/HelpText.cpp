@@ -44,8 +44,6 @@ Options of report and stats:
   --from DATE      The first day, yyyy-MM-dd; that of the window if not given.
   --to DATE        The last day; that of the window if not given.
   --json           stats: print JSON, in full precision.
-  --mode MODE      report: day, week or month: what one column stands for. Weeks
-                   and months show means and run on until today.
   --paper PAPER    report: a4 or letter: the pages on which tables run on; as is
                    usual in your country if not given.
 

@@ -15,32 +15,26 @@
 namespace sanovia {
 namespace {
 
-struct Mode {
-  const char* name;
-  SeriesMode mode;
-};
-constexpr Mode kModes[] = {{"day", SeriesModeDay}, {"week", SeriesModeWeek}, {"month", SeriesModeMonth}};
-
 struct Paper {
   const char* name;
   QPageSize::PageSizeId size;
 };
 constexpr Paper kPapers[] = {{"a4", QPageSize::A4}, {"letter", QPageSize::Letter}};
 
-// The row of that name; the first one when no name was given, null when there is none such.
+// The row of that name in whatever letters; the first one when no name was given, null when there is none
+// such.
 template <class Row, size_t N>
 const Row* named(const Row (&rows)[N], const QString& name) {
   if (name.isNull()) return rows;
-  const Row* row =
-      std::find_if(rows, rows + N, [&](const Row& known) { return name == QLatin1String(known.name); });
+  const Row* row = std::find_if(rows, rows + N, [&](const Row& known) {
+    return name.compare(QLatin1String(known.name), Qt::CaseInsensitive) == 0;
+  });
   return row == rows + N ? nullptr : row;
 }
 
 }  // namespace
 
 int runReport(const QString& file, const ReportOptions& options) {
-  const Mode* mode = named(kModes, options.mode);
-  if (mode == nullptr) return refuse(QStringLiteral("--mode takes day, week or month"));
   const Paper* paper = named(kPapers, options.paper);
   if (paper == nullptr) return refuse(QStringLiteral("--paper takes a4 or letter"));
   const PromptInterval interval = promptInterval(options.from, options.to);
@@ -54,7 +48,7 @@ int runReport(const QString& file, const ReportOptions& options) {
   // The window does the same before its first report.
   Preferences::fillInMissingDefaults();
   if (!options.paper.isNull()) PrintSettings::setPaperSize(QPageSize(paper->size));
-  SanoviaReport report(interval.from, interval.to, mode->mode);
+  SanoviaReport report(interval.from, interval.to, SeriesModeDay);
   if (report.isEmpty()) return fail(NothingToReport, nothing);
   if (const auto error = report.createReport(file)) return fail(Failed, error->text);
   say(QStringLiteral("Wrote the report %1 to %2.").arg(daysText(interval), file));

@@ -9,7 +9,6 @@ namespace sanovia {
 struct ReportOptions {
   QString from;
   QString to;
-  QString mode;
   QString paper;
 };
 

@@ -69,7 +69,6 @@ const QString kReport = QStringLiteral("report");
 // The options of the commands that read an interval.
 const QCommandLineOption kFrom(QStringLiteral("from"), {}, QStringLiteral("date"));
 const QCommandLineOption kTo(QStringLiteral("to"), {}, QStringLiteral("date"));
-const QCommandLineOption kMode(QStringLiteral("mode"), {}, QStringLiteral("mode"));
 const QCommandLineOption kPaper(QStringLiteral("paper"), {}, QStringLiteral("paper"));
 const QCommandLineOption kJson(QStringLiteral("json"));
 
@@ -87,13 +86,12 @@ struct IntervalCommand {
 
 const IntervalCommand kIntervalCommands[] = {
     {kReport,
-     {kFrom, kTo, kMode, kPaper},
+     {kFrom, kTo, kPaper},
      true,
      [](const QString& file, const QCommandLineParser& parser) {
-       return runReport(file, {.from = valueOf(parser, kFrom),
-                               .to = valueOf(parser, kTo),
-                               .mode = valueOf(parser, kMode),
-                               .paper = valueOf(parser, kPaper)});
+       return runReport(
+           file,
+           {.from = valueOf(parser, kFrom), .to = valueOf(parser, kTo), .paper = valueOf(parser, kPaper)});
      }},
     {QStringLiteral("stats"),
      {kFrom, kTo, kJson},
@@ -158,7 +156,7 @@ int main(int argc, char** argv) {
   QCommandLineParser parser;
   const QCommandLineOption help(QStringList{QStringLiteral("h"), QStringLiteral("help")});
   const QCommandLineOption version(QStringList{QStringLiteral("v"), QStringLiteral("version")});
-  parser.addOptions({help, version, kFrom, kTo, kMode, kPaper, kJson});
+  parser.addOptions({help, version, kFrom, kTo, kPaper, kJson});
   if (!parser.parse(arguments)) {
     QString reason = parser.errorText();
     if (reason.endsWith(QLatin1Char('.'))) reason.chop(1);

@@ -97,8 +97,7 @@ TEST_F(Cli, WritesTheReportOfAnInterval) {
   const qsizetype month = bytesOf(pdf).size();
   EXPECT_TRUE(report(u"--to=2026-01-02 --paper a4"_s).contains(u"01-01 to 2026-01-02"_s));
   EXPECT_LT(bytesOf(pdf).size(), month) << "the old file is replaced";
-  for (const char* mode : {"day", "week", "month"})
-    report(u"--from 2026-01-02 --to 2026-01-02 --mode "_s + QLatin1StringView(mode));
+  report(u"--paper A4"_s);
 
   const QByteArray before = bytesOf(pdf);
   EXPECT_EQ(report(u"--from=2026-02-01 --to=2026-02-28"_s, 3),
@@ -107,7 +106,7 @@ TEST_F(Cli, WritesTheReportOfAnInterval) {
             u"--from: \"2026-02-30\" is no date of the form yyyy-MM-dd\n"_s);
   for (const char* wrong : {"--to=", "--to=tomorrow", "--from=2026-02-01", "--to=2025-12-31"})
     report(QLatin1StringView(wrong), 1);
-  for (const char* wrong : {"--mode=year", "--mode=", "--paper=a5", "--colour", "b.pdf"})
+  for (const char* wrong : {"--mode=month", "--paper=a5", "--colour", "b.pdf"})
     report(QLatin1StringView(wrong), 2);
   run({u"report"_s, file(u"missing/a.pdf"_s)}, 1);
   run({u"report"_s, Paths::databaseFile()}, 1);
