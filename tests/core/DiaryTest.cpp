@@ -147,6 +147,9 @@ TEST_F(Diary, ValuesAreShownInTheUnitsAndWordsInForce) {
   general->appetite = 2;
   settings.userHeight.store(0);
   EXPECT_EQ(shownTexts(RecordType::general, general), "05/11/2026|36.6|||72.0|");
+  settings.userHeight.store(1.8F);
+  general->weight = -1;
+  EXPECT_EQ(shownTexts(RecordType::general, general), "05/11/2026|36.6||||") << "no weight, no index";
 }
 
 }  // namespace

@@ -177,6 +177,14 @@ TEST_F(ReportGraph, RowsHaveWordsAndCurvesARampOfTheirNorm) {
   EXPECT_EQ(described(graphAt(278, MeasureId::Crp, dayList({0}), -1).ramp), u"343.0g 334.0g 298.0r"_s);
 }
 
+TEST_F(ReportGraph, CurvesBreakAtADayWithoutARecord) {
+  using enum MeasureId;
+  for (const MeasureId id : {Weight, BodyMassIndex, Pulse, Crp}) {
+    const Graph graph = graphAt(5, id, dayList({50, kNoRecord, 60, kNoValue, 70}), 1.75F);
+    EXPECT_TRUE(!graph.days[2].line && graph.days[4].line) << measure(id).titleKey;
+  }
+}
+
 // The days of a graph one after the other, each covering what was there.
 void drawInTurn(QPainter& painter, const Graph& graph, const QFont& font) {
   painter.setFont(font);
@@ -211,6 +219,17 @@ double difference(const QImage& one, const QImage& other) {
     for (int x = 0; x < one.width(); ++x)
       differing += std::abs(qGray(one.pixel(x, y)) - qGray(other.pixel(x, y))) > 40;
   return 1000 * differing / (one.width() * one.height());
+}
+
+TEST_F(ReportGraph, CellsHaveTheirColoursOnPaper) {
+  const Graph graph = graphAt(5, MeasureId::Appetite, dayList({0, 1}), -1);
+  const QImage image = drawn([&](QPainter& painter) {
+    ReportPainter(painter, _text).drawSectionPage({{}, {}, {graph}, {TablePage()}});
+  });
+  const auto colour = [&](size_t day) {
+    return image.pixelColor((graph.days[day].fill.center() * 8).toPoint());
+  };
+  EXPECT_EQ(std::pair(colour(0), colour(1)), std::pair(palette::red, palette::green));
 }
 
 TEST_F(ReportGraph, DaysDrawnAtOnceLookLikeDaysDrawnInTurn) {
