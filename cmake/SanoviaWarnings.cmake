@@ -1,5 +1,7 @@
-# One target carries the warnings and, where asked for, the sanitizers; every target of the project links it.
+# One target carries the warnings, the hardening and, where asked for, the sanitizers; every target of the project
+# links it.
 add_library(sanovia_warnings INTERFACE)
+target_link_libraries(sanovia_warnings INTERFACE sanovia_hardening)
 target_compile_options(sanovia_warnings INTERFACE -Wall -Wextra -Wshadow -Wconversion)
 if(SANOVIA_WERROR)
   target_compile_options(sanovia_warnings INTERFACE -Werror)

@@ -116,11 +116,24 @@ void AppDelegate::applicationDidFinishLaunching() {
 }
 
 void AppDelegate::applicationWillTerminate() {
+  storeShown();
+  Language::clean();
+  storeFrame();
+}
+
+void AppDelegate::storeForNextRun() {
+  storeShown();
+  storeFrame();
+}
+
+void AppDelegate::storeShown() const {
   const ToolsView* tools = _window->outlets().toolsView;
   settings.recordType.store(tools->type());
   settings.viewMode.store(tools->mode());
   SettingsStore::standard().synchronize();
-  Language::clean();
+}
+
+void AppDelegate::storeFrame() const {
   const QRect frame =
       _window->isMaximized() || _window->isFullScreen() ? _window->normalGeometry() : _window->geometry();
   settings.windowFrame.store(

@@ -53,6 +53,8 @@ class AppDelegate : public QObject, public MLCalendarViewDelegate {
   void applicationDidFinishLaunching();
   // Saves what the next run is to begin with.
   void applicationWillTerminate();
+  // The same where the program may go on.
+  void storeForNextRun();
   // Fits the edit panel into the window, open or shut as it is.
   void windowDidResize();
   // The main window closes: the process ends.
@@ -128,6 +130,8 @@ class AppDelegate : public QObject, public MLCalendarViewDelegate {
   bool isOnReport() const;
   // The window that a question of a report's command hangs on.
   QWidget* asksOn() const;
+  // Whether a person's file may be written there; tells the person when it may not.
+  bool mayWriteTo(const QString& path) const;
   QList<QAction*> menuItems() const;
   // Whether an item is to be enabled, where the diary's rows are counted by the question handed in.
   bool isAllowed(const QAction* item, const std::function<bool()>& holdsData) const;
@@ -147,6 +151,8 @@ class AppDelegate : public QObject, public MLCalendarViewDelegate {
   void didEndPreferences();
   bool intervalHoldsData();
   bool restoreFrame();
+  void storeShown() const;
+  void storeFrame() const;
   void createCalendarPopover();
   // Whether the word of an interval is worth choosing now.
   static bool leadsSomewhere(qint64 word);

@@ -8,6 +8,7 @@
 #include "application/ReportWindow.h"
 #include "application/WaitCursor.h"
 #include "core/foundation/Log.h"
+#include "core/foundation/OwnFiles.h"
 #include "core/foundation/Paths.h"
 #include "core/foundation/TextFormat.h"
 #include "core/foundation/WholeFile.h"
@@ -30,6 +31,9 @@ QPageSize paperOf(const QSizeF& points) {
   return QPageSize(upright, QPageSize::Point, QString(), QPageSize::FuzzyMatch);
 }
 
+// Milliseconds for a pipe that nobody reads, since the window waits for it.
+constexpr int kPipePatience = 3000;
+
 }  // namespace
 
 SanoviaReport AppDelegate::report() const {
@@ -41,6 +45,12 @@ bool AppDelegate::isOnReport() const { return _reportWindow && _reportWindow->is
 
 QWidget* AppDelegate::asksOn() const {
   return isOnReport() ? static_cast<QWidget*>(_reportWindow.get()) : _window.get();
+}
+
+bool AppDelegate::mayWriteTo(const QString& path) const {
+  if (!OwnFiles::refusal(path)) return true;
+  Asker::shared().tell(asksOn(), filled(word("target_refused"), QFileInfo(path).fileName()));
+  return false;
 }
 
 QByteArray AppDelegate::sourceOfReport() const {
@@ -71,12 +81,13 @@ void AppDelegate::saveReport() {
                               .proposedName = Language::stringForKey(QStringLiteral("Untitled")),
                               .ending = kEnding};
   Asker::shared().askFileName(asksOn(), question, [this, isShown = isOnReport()](const QString& path) {
+    if (!mayWriteTo(path)) return;
     const WaitCursor waiting;
     if (!isShown) {
-      report().createReport(path);
+      report().createReport(path, kPipePatience);
       return;
     }
-    const std::optional<FileError> error = writeWhole(path, _reportWindow->bytes());
+    const std::optional<FileError> error = writeWhole(path, _reportWindow->bytes(), kPipePatience);
     if (error) logLine(QStringLiteral("report not written: ") + error->text);
     _reportWindow->say(error ? filled(word("not_saved"), error->text) : QString());
   });
@@ -84,6 +95,7 @@ void AppDelegate::saveReport() {
 
 void AppDelegate::print() {
   Asker::shared().askPrinter(asksOn(), [this, isShown = isOnReport()](const PrinterChoice& choice) {
+    if (!choice.outputFile.isEmpty() && !mayWriteTo(choice.outputFile)) return;
     const WaitCursor waiting;
     // The document is laid out for the paper that was chosen.
     if (!choice.paper.isEmpty()) PrintSettings::setPaperSize(paperOf(choice.paper));

@@ -116,6 +116,13 @@ class DialogAsker : public Asker {
     dialog->setWindowModality(Qt::WindowModal);
     dialog->show();
   }
+
+  void tell(QWidget* window, const QString& text) override {
+    auto* message = new QMessageBox(QMessageBox::Warning, QCoreApplication::applicationName(), text,
+                                    QMessageBox::Ok, window);
+    message->setAttribute(Qt::WA_DeleteOnClose);
+    message->open();
+  }
 };
 
 std::unique_ptr<Asker>& current() {

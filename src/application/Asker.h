@@ -52,6 +52,8 @@ class Asker {
                            std::function<void(const QString& path)> answer) = 0;
   // Asks for printer, copies and pages.
   virtual void askPrinter(QWidget* window, std::function<void(const PrinterChoice& choice)> answer) = 0;
+  // Tells the person why what was asked for is not done; nobody waits for the answer.
+  virtual void tell(QWidget* window, const QString& text) = 0;
 
   // The asker in force: dialogs, unless another one stands in for them.
   static Asker& shared();

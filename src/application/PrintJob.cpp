@@ -144,7 +144,7 @@ bool sendToPrinter(const QByteArray& pdf, const PrinterChoice& choice) {
 }
 
 bool writeToFile(const QByteArray& pdf, const QString& file) {
-  const std::optional<FileError> error = writeWhole(file, pdf);
+  const std::optional<FileError> error = writeWhole(file, pdf, kConnectPatience);
   return error ? failed(error->text) : true;
 }
 

@@ -5,9 +5,12 @@
 #include <cstdlib>
 
 #include "application/AppDelegate.h"
+#include "application/Ending.h"
 #include "application/MainWindow.h"
 #include "application/SingleStart.h"
 #include "application/ToolkitWords.h"
+#include "core/foundation/OwnFiles.h"
+#include "core/foundation/Paths.h"
 
 namespace {
 
@@ -47,6 +50,8 @@ void sayThatThereIsNoDisplay(QtMsgType type, const QMessageLogContext& /*context
 int main(int argc, char** argv) {
   if (answers(argc, argv)) return 0;
   const QtMessageHandler usual = qInstallMessageHandler(sayThatThereIsNoDisplay);
+  sanovia::Paths::ignoreRelativeVariables();
+  sanovia::OwnFiles::keepPrivate();
   QApplication application(argc, argv);
   qInstallMessageHandler(usual);
   QApplication::setDesktopFileName(QStringLiteral("com.quillmere.Sanovia"));
@@ -60,6 +65,7 @@ int main(int argc, char** argv) {
   QObject::connect(&start, &sanovia::SingleStart::secondStart, &delegate, &sanovia::AppDelegate::comeToFront);
   QObject::connect(&application, &QCoreApplication::aboutToQuit, &delegate,
                    &sanovia::AppDelegate::applicationWillTerminate);
+  const sanovia::Ending ending([&delegate] { delegate.storeForNextRun(); });
   delegate.applicationWillFinishLaunching();
   delegate.window()->show();
   delegate.applicationDidFinishLaunching();

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "core/foundation/WholeFile.h"
+
 namespace sanovia {
 
 void write(FILE* stream, const QByteArray& bytes) {
@@ -10,6 +12,10 @@ void write(FILE* stream, const QByteArray& bytes) {
 }
 
 void say(const QString& text) { write(stdout, text.toLocal8Bit() + '\n'); }
+
+void remark(const QString& file, const QString& text) {
+  if (!isStandardOutput(file)) say(text);
+}
 
 int fail(ExitStatus status, QString text) {
   std::replace_if(

@@ -15,6 +15,9 @@ void write(FILE* stream, const QByteArray& bytes);
 
 void say(const QString& text);
 
+// Says how a file was written: nothing where the file is the standard output itself.
+void remark(const QString& file, const QString& text);
+
 // Whatever stands in the text, names of files included, it comes out as one line. The status is handed back.
 int fail(ExitStatus status, QString text);
 

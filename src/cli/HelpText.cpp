@@ -19,19 +19,19 @@ QString columnLines() {
 }  // namespace
 
 QString helpText() {
-  const QString text = QStringLiteral(R"(Usage: sanovia-cli import FILE.csv
-       sanovia-cli export FILE.csv
+  const QString text = QStringLiteral(R"(Usage: sanovia-cli import [OPTION]... FILE
+       sanovia-cli export [OPTION]... FILE
        sanovia-cli report [OPTION]... FILE.pdf
        sanovia-cli stats [OPTION]...
 Exchanges the health diary with CSV files, writes the report for the doctor and
 prints what an interval comes to.
 
 Commands:
-  import FILE.csv  Take the days of the file into the diary, all or, if anything
+  import FILE      Take the days of the file into the diary, all or, if anything
                    is wrong, none. A day that is there already keeps every value
-                   that the file does not give.
-  export FILE.csv  Write the whole diary to the file, one line for each day. A
-                   new file can be read by you alone.
+                   that the file does not give. A file has at most 256 MiB.
+  export FILE      Write the diary to the file, one line for each day. A new file
+                   can be read by you alone.
   report FILE.pdf  Write the report that the window's command saves. A file that
                    is there is replaced only by a whole new one.
   stats            Print the numbers of an interval, in the units of the columns
@@ -40,10 +40,29 @@ Commands:
                    below, in and above the norm, and the mean of the equally long
                    interval before with the change.
 
-Options of report and stats:
-  --from DATE      The first day, yyyy-MM-dd; that of the window if not given.
-  --to DATE        The last day; that of the window if not given.
-  --json           stats: print JSON, in full precision.
+A FILE of "-" is the standard input or output. What belongs to the diary, its
+settings and its copies are never written over.
+
+Options of import:
+  --date-order ORDER
+                   Where 01/02/2026 might be two days: dmy, mdy or ymd.
+  --units SYSTEM   What columns without a unit are in: metric (Celsius, kilograms)
+                   or us (Fahrenheit, pounds).
+  --several CHOICE
+                   What counts where a day has several readings: mean, first or
+                   last.
+  --dry-run        Say what would change, and store nothing.
+
+Options of export:
+  --format FORMAT  csv, or fhir for a FHIR R4 bundle of observations in JSON.
+  --with-person    fhir: say whose they are, by name and date of birth.
+
+Options of export, report and stats:
+  --from DATE      The first day, yyyy-MM-dd. If not given, that of the window; for
+                   an export the first there is. An interval has at most 36525
+                   days.
+  --to DATE        The last day; the same.
+  --json           import and stats: print JSON, in full precision.
   --paper PAPER    report: a4 or letter: the pages on which tables run on; as is
                    usual in your country if not given.
 
@@ -54,9 +73,14 @@ Options:
 Columns, named in the first line of the file:
 %1
 Only the date has to be there, and an imported file may have its columns in any
-order. An empty cell means that nothing was entered. Imported cells may be
-parted by commas, semicolons or tabs; with semicolons, tabs or quotes a number
-may have a decimal comma.
+order, under these names, under those of the window in any of its languages, or
+as blood pressure meters, scales and watches name them; "Weight (lb)" says its
+unit. Columns that are not known are left out and named. Dates may also be
+written 21.11.2026, 11/21/2026 or Nov 21, 2026, and have a time. An empty cell
+means that nothing was entered. Cells may be parted by commas, semicolons or
+tabs; with semicolons, tabs or quotes a number may have a decimal comma. The
+text may be UTF-8, UTF-16 or Windows-1252. Without a column for the pulse
+pressure it follows where a day has both pressures.
 
 The diary:
   %2

@@ -42,8 +42,6 @@ int runReport(const QString& file, const ReportOptions& options) {
   const QString nothing = QStringLiteral("Nothing to report: the diary is empty %1.").arg(daysText(interval));
   if (!QFile::exists(Paths::databaseFile())) return fail(NothingToReport, nothing);
   if (const auto reason = unreadableDiary()) return fail(Failed, *reason);
-  if (isSameFile(file, Paths::databaseFile()))
-    return fail(Failed, file + QStringLiteral(": is the diary itself, which a report may not replace"));
 
   // The window does the same before its first report.
   Preferences::fillInMissingDefaults();
@@ -51,7 +49,7 @@ int runReport(const QString& file, const ReportOptions& options) {
   SanoviaReport report(interval.from, interval.to, SeriesModeDay);
   if (report.isEmpty()) return fail(NothingToReport, nothing);
   if (const auto error = report.createReport(file)) return fail(Failed, error->text);
-  say(QStringLiteral("Wrote the report %1 to %2.").arg(daysText(interval), file));
+  remark(file, QStringLiteral("Wrote the report %1 to %2.").arg(daysText(interval), file));
   return Done;
 }
 

@@ -14,6 +14,8 @@
 #include "cli/StatsCommand.h"
 #include "core/exchange/DiaryExport.h"
 #include "core/exchange/DiaryImport.h"
+#include "core/foundation/OwnFiles.h"
+#include "core/foundation/Paths.h"
 
 namespace {
 
@@ -60,7 +62,12 @@ int runCommand(const Command& command, const QString& file) {
   const ExchangeResult result = command.run(file, options);
   write(stderr, line.clear());
   if (const auto* error = std::get_if<FileError>(&result)) return fail(Failed, error->text);
-  say(closingText(command, file, std::get<ExchangeReport>(result)));
+  const auto& report = std::get<ExchangeReport>(result);
+  const QString text = closingText(command, file, report);
+  if (command.run != exportDiary || !isStandardOutput(file))
+    say(text);
+  else if (report.rowsWithoutDay > 0)
+    write(stderr, text.toLocal8Bit() + '\n');
   return Done;
 }
 
@@ -149,6 +156,8 @@ std::unique_ptr<QCoreApplication> makeApplication(const QStringList& arguments, 
 int main(int argc, char** argv) {
   // Failures are told here, so that the log has nothing to add on a person's screen.
   qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
+  Paths::ignoreRelativeVariables();
+  OwnFiles::keepPrivate();
   QStringList arguments;
   for (int i = 0; i < argc; ++i) arguments.append(QString::fromLocal8Bit(argv[i]));
   const std::unique_ptr<QCoreApplication> application = makeApplication(arguments, argv);

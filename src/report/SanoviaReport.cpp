@@ -73,10 +73,10 @@ QList<qint64> SanoviaReport::sections() const {
   return sections;
 }
 
-std::optional<FileError> SanoviaReport::createReport(const QString& path) {
+std::optional<FileError> SanoviaReport::createReport(const QString& path, int patience) {
   const QByteArray bytes = createData(savedPage());
   if (bytes.isEmpty()) return std::nullopt;
-  std::optional<FileError> error = writeWhole(path, bytes);
+  std::optional<FileError> error = writeWhole(path, bytes, patience);
   if (error) logLine(QStringLiteral("report not written: ") + error->text);
   return error;
 }

@@ -26,7 +26,8 @@ class SanoviaReport {
 
   // Writes the report to the file, all of it or, on a failure, nothing; one line of the log tells of the
   // failure, and so does the result. Does nothing when there is nothing to report.
-  std::optional<FileError> createReport(const QString& path);
+  // The patience is that of writeWhole().
+  std::optional<FileError> createReport(const QString& path, int patience = -1);
 
   // The report for the printer, whose first pages have the size of the paper too; empty when there is
   // nothing to report.

@@ -100,6 +100,7 @@ class LaunchedHome : public TestHome {
       note(window, QStringLiteral("printer"));
       if (!home.answeredPrinter.isEmpty()) answer({.printer = home.answeredPrinter});
     }
+    void tell(QWidget* window, const QString& text) override { note(window, text); }
     void note(QWidget* window, const QString& question) {
       home.questions.append(question);
       home.askedOn.append(window);

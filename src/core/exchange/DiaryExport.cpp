@@ -81,9 +81,6 @@ class DayCollector {
 
 ExchangeResult exportDiary(const QString& csvFile, const ExchangeOptions& options) {
   const QString diary = DBManager::sharedInstance().databasePath();
-  if (isSameFile(csvFile, diary))
-    return FileError{csvFile + QStringLiteral(": is the diary itself, which an export may not replace")};
-
   Connection connection(diary, options.patience);
   DayCollector collector(connection, options.progress);
   if (connection.run("BEGIN")) collector.collect();

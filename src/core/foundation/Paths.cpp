@@ -21,6 +21,8 @@ QString Paths::dataFolder() {
 
 QString Paths::databaseFile() { return dataFolder() + QStringLiteral("/Sanovia.db"); }
 
+QString Paths::backupFolder() { return dataFolder() + QStringLiteral("/Backups"); }
+
 QString Paths::settingsFile() {
   return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
          QStringLiteral("/Quillmere/Sanovia.conf");
@@ -31,5 +33,11 @@ QString Paths::resourceFolder() {
 }
 
 void Paths::setResourceFolder(const QString& folder) { resourceOverride() = folder; }
+
+void Paths::ignoreRelativeVariables() {
+  for (const char* variable :
+       {"XDG_DATA_HOME", "XDG_CONFIG_HOME", "XDG_RUNTIME_DIR", "XDG_CACHE_HOME", "XDG_STATE_HOME"})
+    if (!qEnvironmentVariable(variable).startsWith(QLatin1Char('/'))) qunsetenv(variable);
+}
 
 }  // namespace sanovia

@@ -14,6 +14,9 @@ class Paths {
   // The diary itself, "Sanovia.db" in dataFolder().
   static QString databaseFile();
 
+  // The folder "Backups" beside the diary, which holds its copies; it need not exist.
+  static QString backupFolder();
+
   // The settings, "Quillmere/Sanovia.conf" in the user's configuration folder.
   static QString settingsFile();
 
@@ -22,6 +25,10 @@ class Paths {
 
   // Lets another folder stand in for the program's own resources; an empty path brings them back.
   static void setResourceFolder(const QString& folder);
+
+  // Takes the XDG variables that are no absolute paths out of the environment: they count as not set. To be
+  // called before anything else asks for a folder.
+  static void ignoreRelativeVariables();
 };
 
 }  // namespace sanovia

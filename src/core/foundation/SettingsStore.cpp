@@ -1,5 +1,7 @@
 #include "core/foundation/SettingsStore.h"
 
+#include <QFileInfo>
+#include <QLockFile>
 #include <QStringList>
 
 #include <array>
@@ -7,6 +9,7 @@
 #include <cmath>
 
 #include "core/foundation/Log.h"
+#include "core/foundation/OwnFiles.h"
 #include "core/foundation/Paths.h"
 
 namespace sanovia {
@@ -17,12 +20,35 @@ std::unique_ptr<SettingsStore>& standardStore() {
   return store;
 }
 
+// Settings are a few hundred bytes.
+constexpr qint64 kLargestSettings = 1024 * 1024;
+
+// Whether the toolkit may read and replace it: a pipe would hold the program up, and a device is none of its
+// business.
+bool isFitForSettings(const QString& file) {
+  const QFileInfo info(file);
+  return !info.exists() || (info.isFile() && info.size() <= kLargestSettings);
+}
+
+// A program that was killed while it wrote leaves its lock behind, for which the toolkit would wait half a
+// minute. One that a living program holds stays.
+void removeStaleLock(const QString& file) {
+  const QString lock = file + QStringLiteral(".lock");
+  if (QFileInfo(lock).isFile()) QLockFile(lock).removeStaleLockFile();
+}
+
 std::unique_ptr<QSettings> openSettings(const QString& file) {
 #ifdef Q_OS_MACOS
   if (file == Paths::settingsFile())
     return std::make_unique<QSettings>(QStringLiteral("Quillmere"), QStringLiteral("Sanovia"));
 #endif
-  return std::make_unique<QSettings>(file, QSettings::IniFormat);
+  if (isFitForSettings(file)) {
+    removeStaleLock(file);
+    return std::make_unique<QSettings>(file, QSettings::IniFormat);
+  }
+  logLine(QStringLiteral("The settings cannot be read and will not be kept: ") + file);
+  // Below a file there is none, so that values stay in memory.
+  return std::make_unique<QSettings>(file + QStringLiteral("/none"), QSettings::IniFormat);
 }
 
 }  // namespace
@@ -34,7 +60,7 @@ SettingsStore& SettingsStore::standard() {
 
 void SettingsStore::closeStandard() { standardStore().reset(); }
 
-SettingsStore::SettingsStore(const QString& file) : _settings(openSettings(file)) {}
+SettingsStore::SettingsStore(const QString& file) : _file(file), _settings(openSettings(file)) {}
 
 bool SettingsStore::contains(const QString& key) const { return _settings->contains(key); }
 
@@ -68,7 +94,10 @@ QList<qint64> SettingsStore::integers(const QString& key) const {
   return values;
 }
 
-void SettingsStore::setString(const QString& key, const QString& value) { _settings->setValue(key, value); }
+void SettingsStore::setString(const QString& key, const QString& value) {
+  OwnFiles::makePrivateFolder(QFileInfo(_file).absolutePath());
+  _settings->setValue(key, value);
+}
 
 void SettingsStore::setInteger(const QString& key, qint64 value) { setString(key, QString::number(value)); }
 

@@ -1,6 +1,8 @@
 // The user's settings: plain text under fixed keys, which are persisted names. Dates are ISO 8601 text in
 // UTC, lists of integers are comma-separated, and an empty list is a value of its own that differs from no
-// value. A value of the wrong kind never fails: it reads as 0, as an invalid date or as an empty list.
+// value. A value of the wrong kind never fails: it reads as 0, as an invalid date or as an empty list. What
+// lies in the file's place and is no file, or a monstrous one, is left alone, and values live as long as the
+// program.
 #pragma once
 
 #include <QDateTime>
@@ -46,6 +48,7 @@ class SettingsStore {
   void synchronize();
 
  private:
+  QString _file;
   std::unique_ptr<QSettings> _settings;
 };
 
