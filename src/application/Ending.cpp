@@ -51,9 +51,7 @@ void storeAtExit() {
 
 }  // namespace
 
-Ending::Ending(std::function<void()> store) {
-  storing() = std::move(store);
-  std::atexit(storeAtExit);
+Ending::Ending() {
   connect(qGuiApp, &QGuiApplication::commitDataRequest, this, [](QSessionManager&) {
     if (storing()) storing()();
   });
@@ -65,6 +63,11 @@ Ending::Ending(std::function<void()> store) {
   _notifier = new QSocketNotifier(signalPipe[0], QSocketNotifier::Read, this);
   connect(_notifier, &QSocketNotifier::activated, this, &Ending::wasSignalled);
   for (const int number : kSignals) handle(number, noteSignal);
+}
+
+void Ending::setStoring(std::function<void()> store) {
+  storing() = std::move(store);
+  std::atexit(storeAtExit);
 }
 
 Ending::~Ending() {

@@ -14,10 +14,13 @@ class Ending : public QObject {
   Q_OBJECT
 
  public:
-  // One at a time. Keeps for the next run what is to be kept; called when the desk's session ends, which the
-  // program may survive, and when the process exits without its event loop.
-  explicit Ending(std::function<void()> store);
+  // From here on a signal ends the event loop, or a later one at its beginning. One at a time.
+  Ending();
   ~Ending() override;
+
+  // What keeps for the next run what is to be kept: called when the desk's session ends, which the program may
+  // survive, and when the process exits without its event loop.
+  void setStoring(std::function<void()> store);
 
  private:
   void wasSignalled();

@@ -57,6 +57,7 @@ int main(int argc, char** argv) {
   QApplication::setDesktopFileName(QStringLiteral("com.quillmere.Sanovia"));
   QApplication::setApplicationName(QStringLiteral("Sanovia"));
   QApplication::setApplicationVersion(QStringLiteral(SANOVIA_VERSION));
+  sanovia::Ending ending;
   sanovia::SingleStart start;
   if (!start.isFirst()) return 0;
   sanovia::loadToolkitWords();
@@ -65,7 +66,7 @@ int main(int argc, char** argv) {
   QObject::connect(&start, &sanovia::SingleStart::secondStart, &delegate, &sanovia::AppDelegate::comeToFront);
   QObject::connect(&application, &QCoreApplication::aboutToQuit, &delegate,
                    &sanovia::AppDelegate::applicationWillTerminate);
-  const sanovia::Ending ending([&delegate] { delegate.storeForNextRun(); });
+  ending.setStoring([&delegate] { delegate.storeForNextRun(); });
   delegate.applicationWillFinishLaunching();
   delegate.window()->show();
   delegate.applicationDidFinishLaunching();

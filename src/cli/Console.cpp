@@ -13,6 +13,10 @@ void write(FILE* stream, const QByteArray& bytes) {
 
 void say(const QString& text) { write(stdout, text.toLocal8Bit() + '\n'); }
 
+QString counted(qint64 count, const QString& noun) {
+  return QString::number(count) + QLatin1Char(' ') + noun + (count == 1 ? QString() : QStringLiteral("s"));
+}
+
 void remark(const QString& file, const QString& text) {
   if (!isStandardOutput(file)) say(text);
 }

@@ -15,6 +15,9 @@ void write(FILE* stream, const QByteArray& bytes);
 
 void say(const QString& text);
 
+// "1 day", "2 days"
+QString counted(qint64 count, const QString& noun);
+
 // Says how a file was written: nothing where the file is the standard output itself.
 void remark(const QString& file, const QString& text);
 

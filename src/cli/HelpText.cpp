@@ -19,7 +19,7 @@ QString columnLines() {
 }  // namespace
 
 QString helpText() {
-  const QString text = QStringLiteral(R"(Usage: sanovia-cli import [OPTION]... FILE
+  const QString text = QStringLiteral(R"help(Usage: sanovia-cli import [OPTION]... FILE
        sanovia-cli export [OPTION]... FILE
        sanovia-cli report [OPTION]... FILE.pdf
        sanovia-cli stats [OPTION]...
@@ -90,7 +90,7 @@ Exit status:
   1  wrong data, or a file or the diary cannot be read or written
   2  wrong usage
   3  nothing to report
-)");
+)help");
   return text.arg(columnLines(), Paths::databaseFile());
 }
 

@@ -1,7 +1,10 @@
 #include "cli/ProgressLine.h"
 
 #include <algorithm>
+#include <unistd.h>
 #include <utility>
+
+#include "cli/Console.h"
 
 namespace sanovia {
 namespace {
@@ -26,5 +29,17 @@ QByteArray ProgressLine::clear() {
   if (_width == 0) return {};
   return '\r' + QByteArray(std::exchange(_width, 0), ' ') + '\r';
 }
+
+ProgressOnTerminal::ProgressOnTerminal(QByteArray verb) : _line(std::move(verb)) { _timer.start(); }
+
+std::function<void(qint64, qint64)> ProgressOnTerminal::function() {
+  if (isatty(fileno(stderr)) == 0) return {};
+  return [this](qint64 done, qint64 total) {
+    const QByteArray text = _line.advance(_timer.elapsed(), done, total);
+    if (!text.isEmpty()) write(stderr, text);
+  };
+}
+
+void ProgressOnTerminal::clear() { write(stderr, _line.clear()); }
 
 }  // namespace sanovia

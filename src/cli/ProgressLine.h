@@ -1,8 +1,10 @@
-// The line that tells a person at a terminal how far a long run is. It decides what to write and when; the
-// writing is its owner's.
+// The line that tells a person at a terminal how far a long run is: what to write and when, and the writing.
 #pragma once
 
 #include <QByteArray>
+#include <QElapsedTimer>
+
+#include <functional>
 
 namespace sanovia {
 
@@ -22,6 +24,20 @@ class ProgressLine {
   QByteArray _verb;
   qint64 _next;
   qsizetype _width = 0;
+};
+
+// Such a line on the standard error, where that is a terminal.
+class ProgressOnTerminal {
+ public:
+  explicit ProgressOnTerminal(QByteArray verb);
+
+  // To be called with what is done; empty where nobody watches. It must not outlive the object.
+  std::function<void(qint64 done, qint64 total)> function();
+  void clear();
+
+ private:
+  ProgressLine _line;
+  QElapsedTimer _timer;
 };
 
 }  // namespace sanovia

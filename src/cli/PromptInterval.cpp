@@ -1,5 +1,6 @@
 #include "cli/PromptInterval.h"
 
+#include "cli/Console.h"
 #include "core/database/Statement.h"
 #include "core/dates/Utils.h"
 #include "core/diary/DateInterval.h"
@@ -28,8 +29,17 @@ PromptInterval promptInterval(const QString& givenFrom, const QString& givenTo) 
     if (!from.isValid()) from = Utils::date2WeeksAgo();
     if (givenTo.isNull() && from > to) from = to;
   }
-  return {givenFrom, givenTo, from.isValid() ? Utils::dayStart(from) : from,
-          to.isValid() ? Utils::dayEnd(to) : to};
+  const bool isMovedUp =
+      from.isValid() && to.isValid() && from < Utils::dayStart(DateInterval::earliestStart(to));
+  if (isMovedUp) from = DateInterval::earliestStart(to);
+  const PromptInterval interval{givenFrom, givenTo, from.isValid() ? Utils::dayStart(from) : from,
+                                to.isValid() ? Utils::dayEnd(to) : to};
+  if (isMovedUp)
+    write(stderr, QStringLiteral("sanovia-cli: an interval has at most %1 days; this one starts on %2\n")
+                      .arg(DateInterval::kMostDays)
+                      .arg(databaseText(interval.from))
+                      .toLocal8Bit());
+  return interval;
 }
 
 std::optional<QString> faultOf(const PromptInterval& interval) {

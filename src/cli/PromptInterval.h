@@ -17,6 +17,7 @@ struct PromptInterval {
   QDateTime to;
 };
 
+// A start that is moved up is told on the standard error.
 PromptInterval promptInterval(const QString& from, const QString& to);
 
 // What is wrong with it, or nothing.

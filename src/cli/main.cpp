@@ -1,19 +1,16 @@
 // The command line tool: reads the arguments, runs one command and says how it went.
 #include <QCommandLineParser>
-#include <QElapsedTimer>
 #include <QGuiApplication>
 
 #include <algorithm>
 #include <memory>
-#include <unistd.h>
 
 #include "cli/Console.h"
+#include "cli/ExportCommand.h"
 #include "cli/HelpText.h"
-#include "cli/ProgressLine.h"
+#include "cli/ImportCommand.h"
 #include "cli/ReportCommand.h"
 #include "cli/StatsCommand.h"
-#include "core/exchange/DiaryExport.h"
-#include "core/exchange/DiaryImport.h"
 #include "core/foundation/OwnFiles.h"
 #include "core/foundation/Paths.h"
 
@@ -21,69 +18,25 @@ namespace {
 
 using namespace sanovia;
 
-struct Command {
-  QString name;
-  // For the progress line and for the closing one.
-  QByteArray verb;
-  QString participle;
-  ExchangeResult (*run)(const QString& file, const ExchangeOptions& options);
-};
-
-const Command kCommands[] = {
-    {QStringLiteral("import"), "Importing", QStringLiteral("Imported"), importDiary},
-    {QStringLiteral("export"), "Exporting", QStringLiteral("Exported"), exportDiary},
-};
-
-QString counted(qint64 count, const QString& noun) {
-  return QString::number(count) + QLatin1Char(' ') + noun + (count == 1 ? QString() : QStringLiteral("s"));
-}
-
-QString closingText(const Command& command, const QString& file, const ExchangeReport& report) {
-  const bool isExport = command.run == exportDiary;
-  QString text = command.participle + QLatin1Char(' ') + counted(report.days, QStringLiteral("day")) +
-                 (isExport ? QStringLiteral(" to ") + file : QStringLiteral(" into ") + report.diary);
-  if (report.rowsWithoutDay > 0)
-    text += QStringLiteral(", leaving out ") + counted(report.rowsWithoutDay, QStringLiteral("row")) +
-            QStringLiteral(" without a valid date");
-  return text + QLatin1Char('.');
-}
-
-int runCommand(const Command& command, const QString& file) {
-  ProgressLine line(command.verb);
-  QElapsedTimer timer;
-  timer.start();
-  ExchangeOptions options;
-  if (isatty(fileno(stderr)) != 0)
-    options.progress = [&](qint64 done, qint64 total) {
-      const QByteArray text = line.advance(timer.elapsed(), done, total);
-      if (!text.isEmpty()) write(stderr, text);
-    };
-
-  const ExchangeResult result = command.run(file, options);
-  write(stderr, line.clear());
-  if (const auto* error = std::get_if<FileError>(&result)) return fail(Failed, error->text);
-  const auto& report = std::get<ExchangeReport>(result);
-  const QString text = closingText(command, file, report);
-  if (command.run != exportDiary || !isStandardOutput(file))
-    say(text);
-  else if (report.rowsWithoutDay > 0)
-    write(stderr, text.toLocal8Bit() + '\n');
-  return Done;
-}
-
 const QString kReport = QStringLiteral("report");
 
-// The options of the commands that read an interval.
+// Each is known to some of the commands.
 const QCommandLineOption kFrom(QStringLiteral("from"), {}, QStringLiteral("date"));
 const QCommandLineOption kTo(QStringLiteral("to"), {}, QStringLiteral("date"));
 const QCommandLineOption kPaper(QStringLiteral("paper"), {}, QStringLiteral("paper"));
 const QCommandLineOption kJson(QStringLiteral("json"));
+const QCommandLineOption kDateOrder(QStringLiteral("date-order"), {}, QStringLiteral("order"));
+const QCommandLineOption kUnits(QStringLiteral("units"), {}, QStringLiteral("system"));
+const QCommandLineOption kSeveral(QStringLiteral("several"), {}, QStringLiteral("choice"));
+const QCommandLineOption kDryRun(QStringLiteral("dry-run"));
+const QCommandLineOption kFormat(QStringLiteral("format"), {}, QStringLiteral("format"));
+const QCommandLineOption kWithPerson(QStringLiteral("with-person"));
 
 QString valueOf(const QCommandLineParser& parser, const QCommandLineOption& option) {
   return parser.isSet(option) ? parser.value(option) : QString();
 }
 
-struct IntervalCommand {
+struct Command {
   QString name;
   QList<QCommandLineOption> options;
   bool takesFile;
@@ -91,7 +44,26 @@ struct IntervalCommand {
   int (*run)(const QString& file, const QCommandLineParser& parser);
 };
 
-const IntervalCommand kIntervalCommands[] = {
+const Command kCommands[] = {
+    {QStringLiteral("import"),
+     {kDateOrder, kUnits, kSeveral, kDryRun, kJson},
+     true,
+     [](const QString& file, const QCommandLineParser& parser) {
+       return runImport(file, {.dateOrder = valueOf(parser, kDateOrder),
+                               .units = valueOf(parser, kUnits),
+                               .several = valueOf(parser, kSeveral),
+                               .isDryRun = parser.isSet(kDryRun),
+                               .inJson = parser.isSet(kJson)});
+     }},
+    {QStringLiteral("export"),
+     {kFormat, kFrom, kTo, kWithPerson},
+     true,
+     [](const QString& file, const QCommandLineParser& parser) {
+       return runExport(file, {.format = valueOf(parser, kFormat),
+                               .from = valueOf(parser, kFrom),
+                               .to = valueOf(parser, kTo),
+                               .withPerson = parser.isSet(kWithPerson)});
+     }},
     {kReport,
      {kFrom, kTo, kPaper},
      true,
@@ -108,7 +80,7 @@ const IntervalCommand kIntervalCommands[] = {
      }},
 };
 
-bool takes(const IntervalCommand& command, const QString& option) {
+bool takes(const Command& command, const QString& option) {
   return std::any_of(command.options.begin(), command.options.end(),
                      [&option](const QCommandLineOption& known) { return known.names().contains(option); });
 }
@@ -116,7 +88,7 @@ bool takes(const IntervalCommand& command, const QString& option) {
 // The commands that know an option, as a text.
 QString takersOf(const QString& option) {
   QStringList names;
-  for (const IntervalCommand& command : kIntervalCommands)
+  for (const Command& command : kCommands)
     if (takes(command, option)) names.append(command.name);
   return names.join(QStringLiteral(" and "));
 }
@@ -125,21 +97,18 @@ int runArguments(const QCommandLineParser& parser) {
   const QStringList words = parser.positionalArguments();
   if (words.isEmpty()) return refuse(QStringLiteral("no command given"));
   const QString& name = words.first();
-  const auto isNamed = [&name](const auto& known) { return known.name == name; };
-  const auto* exchange = std::find_if(std::begin(kCommands), std::end(kCommands), isNamed);
-  const auto* other = std::find_if(std::begin(kIntervalCommands), std::end(kIntervalCommands), isNamed);
-  const bool isExchange = exchange != std::end(kCommands);
-  if (!isExchange && other == std::end(kIntervalCommands))
-    return refuse(QStringLiteral("unknown command \"%1\"").arg(name));
+  const auto* command = std::find_if(std::begin(kCommands), std::end(kCommands),
+                                     [&name](const Command& known) { return known.name == name; });
+  if (command == std::end(kCommands)) return refuse(QStringLiteral("unknown command \"%1\"").arg(name));
   for (const QString& option : parser.optionNames())
-    if (isExchange || !takes(*other, option))
+    if (!takes(*command, option))
       return refuse(QStringLiteral("--%1 is an option of %2").arg(option, takersOf(option)));
-  const qsizetype files = isExchange || other->takesFile ? 1 : 0;
+  const qsizetype files = command->takesFile ? 1 : 0;
   if (words.size() < 1 + files) return refuse(name + QStringLiteral(" needs the name of a file"));
   if (words.size() > 1 + files)
     return refuse(name +
                   (files == 0 ? QStringLiteral(" takes no file") : QStringLiteral(" takes one file only")));
-  return isExchange ? runCommand(*exchange, words[1]) : other->run(words.value(1), parser);
+  return command->run(words.value(1), parser);
 }
 
 // A report needs fonts, and so the half of the toolkit that paints, but neither a display nor a desktop.
@@ -165,7 +134,8 @@ int main(int argc, char** argv) {
   QCommandLineParser parser;
   const QCommandLineOption help(QStringList{QStringLiteral("h"), QStringLiteral("help")});
   const QCommandLineOption version(QStringList{QStringLiteral("v"), QStringLiteral("version")});
-  parser.addOptions({help, version, kFrom, kTo, kPaper, kJson});
+  parser.addOptions({help, version, kFrom, kTo, kPaper, kJson, kDateOrder, kUnits, kSeveral, kDryRun, kFormat,
+                     kWithPerson});
   if (!parser.parse(arguments)) {
     QString reason = parser.errorText();
     if (reason.endsWith(QLatin1Char('.'))) reason.chop(1);

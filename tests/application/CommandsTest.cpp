@@ -2,6 +2,7 @@
 #include <QMenu>
 
 #include "application/PreferencesSheet.h"
+#include "core/foundation/Paths.h"
 #include "support/LaunchedHome.h"
 
 namespace sanovia::test {
@@ -104,6 +105,18 @@ TEST_F(Commands, SelectADayAndPressAButtonByKeys) {
   press(Qt::Key_D);
   EXPECT_EQ(ui().chartsView->selectedDay(), 15);
   EXPECT_TRUE(ui().chartsView->hasFocus());
+}
+
+TEST_F(Commands, SaveNoReportOverTheDiary) {
+  launch();
+  addRow("blood");
+  const QByteArray before = bytesOf(Paths::databaseFile());
+  ASSERT_TRUE(QFile::link(Paths::databaseFile(), answeredPath = file(u"visit.pdf"_s)));
+  toFront();
+  press(Qt::Key_S);
+  EXPECT_EQ(bytesOf(Paths::databaseFile()), before);
+  EXPECT_EQ(questions.value(1),
+            u"“visit.pdf” belongs to the diary and is not replaced. Please choose another file."_s);
 }
 
 TEST_F(Commands, OpenThePreferencesOnceAndQuit) {

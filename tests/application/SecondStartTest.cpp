@@ -2,7 +2,10 @@
 #include <QDir>
 #include <QProcess>
 
+#include <csignal>
+
 #include "application/SingleStart.h"
+#include "core/foundation/Paths.h"
 #include "support/LaunchedHome.h"
 
 namespace sanovia::test {
@@ -71,6 +74,17 @@ TEST_F(SecondStart, TakesNeitherAnotherDiarysProgramNorAKilledOneForItsOwn) {
   EXPECT_TRUE(last.ends());
   EXPECT_EQ(next.state(), QProcess::Running);
   EXPECT_EQ(other.state(), QProcess::Running);
+}
+
+TEST_F(SecondStart, AProgramThatIsSignalledStoresWhatTheNextRunNeedsAndEndsWell) {
+  for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
+    QFile::remove(Paths::settingsFile());
+    Program program(dataFolder());
+    ASSERT_TRUE(listens(1));
+    ::kill(static_cast<pid_t>(program.processId()), signal);
+    EXPECT_TRUE(program.ends()) << signal;
+    EXPECT_TRUE(bytesOf(Paths::settingsFile()).contains("SanoviaWindow")) << signal;
+  }
 }
 
 }  // namespace

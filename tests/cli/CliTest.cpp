@@ -110,7 +110,7 @@ TEST_F(Cli, WritesTheReportOfAnInterval) {
     report(QLatin1StringView(wrong), 2);
   run({u"report"_s, file(u"missing/a.pdf"_s)}, 1);
   run({u"report"_s, Paths::databaseFile()}, 1);
-  run({u"export"_s, u"--from=2026-01-01"_s, pdf}, 2);
+  run({u"export"_s, u"--paper=a4"_s, pdf}, 2);
   EXPECT_EQ(bytesOf(pdf), before);
 
   // A stored start behind the stored end moves to the end, as it does when the window opens.
@@ -123,6 +123,50 @@ TEST_F(Cli, WritesTheReportOfAnInterval) {
   EXPECT_TRUE(QFile::remove(Paths::databaseFile()));
   report({}, 3);
   EXPECT_FALSE(QFile::exists(Paths::databaseFile())) << "a report makes no diary";
+}
+
+TEST_F(Cli, IsAFilterBetweenOtherPrograms) {
+  const auto shell = [](QString line) {
+    QProcess process;
+    line.replace(u"CLI"_s, QStringLiteral(SANOVIA_CLI));
+    process.start(u"/bin/sh"_s, {u"-c"_s, line});
+    EXPECT_TRUE(process.waitForFinished());
+    return QString::fromLocal8Bit(process.readAllStandardOutput() + process.readAllStandardError());
+  };
+  const QString read = shell(u"printf 'date,weight,sleep\\n2026-01-02,72.8,9\\n' | CLI import -"_s);
+  EXPECT_EQ(read, u"Left out: sleep.\nImported 1 day into %1.\n"_s.arg(Paths::databaseFile()));
+  const QString line = u"2026-01-02,,,,72.8,,,,,,,,,\r\n"_s;
+  for (const char* target : {"-", "/dev/stdout"})
+    EXPECT_TRUE(shell(u"CLI export %1 | cat"_s.arg(QLatin1StringView(target))).endsWith(u"wbc\r\n"_s + line))
+        << target;
+  EXPECT_EQ(shell(u"CLI export - >> '%1'"_s.arg(Paths::databaseFile())),
+            u"standard output: is the diary itself, which nothing may replace\n"_s);
+  EXPECT_EQ(shell(u"yes 2026-01-02,1 | CLI import -"_s), u"standard input: is larger than 256 MiB\n"_s);
+  EXPECT_TRUE(shell(u"CLI stats --from=0001-01-01 --to=2026-01-02 --json > '%1'"_s.arg(file(u"out"_s)))
+                  .endsWith(u"an interval has at most 36525 days; this one starts on 1926-01-03\n"_s));
+}
+
+TEST_F(Cli, LeavesNoChoiceToChance) {
+  const QString csv = file(u"a.csv"_s);
+  writeBytes(csv, "Date,Temperature,Pulse\n01/02/2026,97.8,60\n01/02/2026,,63\n");
+  const auto import = [&](const QString& options, int status = 0) {
+    return run(QStringList(u"import"_s) + options.split(u' ', Qt::SkipEmptyParts) + QStringList(csv), status);
+  };
+  EXPECT_TRUE(import({}, 1).endsWith(u"no other line decides; --date-order dmy or mdy says which it is\n"_s));
+  const QString ordered = u"--date-order mdy "_s;
+  EXPECT_TRUE(import(ordered, 1).endsWith(u"is it in °F?; --units us says so\n"_s));
+  const QString us = ordered + u"--units us "_s;
+  EXPECT_TRUE(import(us, 1).endsWith(u"line 2 too; --several mean, first or last says what counts\n"_s));
+  for (const char* wrong : {"--units uk", "--several all", "--date-order dym"})
+    import(QLatin1StringView(wrong), 2);
+  EXPECT_TRUE(import(us + u"--several last --dry-run"_s).contains(u"\n1 day new, 0 changed, 0 the same\n"_s));
+  EXPECT_FALSE(QFile::exists(Paths::databaseFile()));
+  EXPECT_TRUE(import(us + u"--several last --json"_s).contains(u"\"newDays\": 1"_s));
+  EXPECT_EQ(query(u"SELECT pdate || ' ' || pulse FROM pressure"_s), texts({"2026-01-02 63"}));
+  run({u"export"_s, u"--format=fhir"_s, u"--from=2026-01-03"_s, csv});
+  EXPECT_FALSE(bytesOf(csv).contains("entry"));
+  for (const char* wrong : {"--format=xml", "--with-person"})
+    run({u"export"_s, QLatin1StringView(wrong), csv}, 2);
 }
 
 }  // namespace

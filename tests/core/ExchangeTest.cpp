@@ -3,12 +3,17 @@
 #include <QDate>
 #include <QDir>
 #include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QRegularExpression>
 
 #include "core/database/DBManager.h"
 #include "core/exchange/Columns.h"
 #include "core/exchange/DiaryExport.h"
 #include "core/exchange/DiaryImport.h"
 #include "core/foundation/Paths.h"
+#include "core/foundation/Settings.h"
 #include "support/TestHome.h"
 
 namespace sanovia::test {
@@ -83,7 +88,7 @@ TEST_F(Exchange, NamesLineAndColumnOfAFaultAndStoresNothing) {
       {head + "2026-01-02,,,2147483648\n", R"(line 3, column pulse: "2147483648" is above 2147483647)"},
       {head + "2026-01-02,,,,-1.0\n",
        R"(line 3, column ppressure: "-1.0" would mean "not entered"; leave the cell empty for that)"},
-      {head + "2026-02-29,36\n", R"(line 3, column date: "2026-02-29" is no date of the form yyyy-MM-dd)"},
+      {head + "2026-02-29,36\n", R"(line 3, column date: "2026-02-29" is no date)"},
       {head + "\n,36\n", "line 4, column date: is empty"},
       {head + "2026-01-02,36\n2026-01-01,37\n", R"(line 4, column date: "2026-01-01" stands in line 2 too)"},
       {head + "2026-01-02,1,1,1,1,1\n", "line 3: 6 cells, but the header has 5 columns"},
@@ -91,11 +96,14 @@ TEST_F(Exchange, NamesLineAndColumnOfAFaultAndStoresNothing) {
       {head + "2026-01-02,\"36\n1\n",
        "line 3, column temperature: the quote that begins here is never closed"},
       {head + "2026-01-02,\"3\"6\n", "line 3, column temperature: text after the closing quote"},
-      {"date,esp\n", R"(line 1, column "esp": no such column)"},
+      {"date,esp\n", "line 1: no column of values is known in the header"},
       {"date,pulse, Pulse\n", "line 1, column pulse: stands twice in the header"},
-      {"date,pulse,\n", "line 1: a column without a name"},
       {"\npulse\n60\n", "line 2, column date: is missing in the header"},
-      {"date\n2026-01-02\xFF\n", "is no UTF-8 text"},
+      {"date\n2026-01-02\xFF\x01\n", "is no text in UTF-8, UTF-16 or Windows-1252"},
+      {head + "2026-01-02,97.8\n",
+       R"(line 3, column temperature: "97.8" is beyond what is plausible in °C; is it in °F?)"},
+      {"date,pulse\n03/04/2026,60\n04/04/2026,61\n",
+       R"(line 2, column date: "03/04/2026" is a date in two orders, and no other line decides)"},
   };
   for (const auto& [csv, message] : cases)
     EXPECT_EQ(import(csv), file(u"in.csv: "_s) + QString::fromUtf8(message));
@@ -165,7 +173,7 @@ TEST_F(Exchange, ImportKeepsWhatTheFileDoesNotGive) {
   EXPECT_EQ(rows(), texts({"general 5 '2026-01-02' 36.5 2 1 79.9", "general 5 '2026-01-02' 37.5 1 1 80.0",
                            "general 0 '2026-01-04' -1.0 0 -1 -1.0", "pressure -1 '2026-01-02' -1 -1 60 -1",
                            "blood -1 '2026-01-04' -1.0 -1.0 9.5 -1.0 -1.0"}));
-  EXPECT_EQ(steps, 1 + 2 + 3) << "each of the three lines is told";
+  EXPECT_EQ(steps, 1 + 2) << "each of the two days with a value is told";
 }
 
 TEST_F(Exchange, AFailureHalfWayLeavesTheOldDiary) {
@@ -196,6 +204,126 @@ TEST_F(Exchange, TellsWhatIsWrongWithTheDiary) {
 
   ASSERT_TRUE(QDir(Paths::dataFolder()).removeRecursively());
   EXPECT_EQ(import(csv), path + u": unable to open database file"_s);
+}
+
+// The samples, as meters, scales and spreadsheets of several countries write them.
+TEST_F(Exchange, TakesTheFilesOfOtherProgramsForWhatTheyAre) {
+  const auto csv = [this](const char* name, const FileChoices& choices = {}) {
+    QFile::remove(Paths::databaseFile());
+    restart();
+    const auto bytes = bytesOf(QStringLiteral(SANOVIA_SAMPLES "/import/") + QLatin1String(name));
+    const auto done = std::get<ImportPreview>(importBytes(bytes, {.choices = choices}));
+    if (!done.faults.empty()) return faultText(done.faults.front()).toUtf8();
+    return exported().sliced(exported().indexOf('\n') + 1).replace("\r\n", "|");
+  };
+  EXPECT_TRUE(csv("meter.csv").endsWith("\"2026-11-03\" stands in line 2 too"));
+  const QByteArray before =
+      "2026-11-01,,,,,129,81,60,48,,,,,|2026-11-02,,,,,131,84,63,47,,,,,|2026-11-03,,,,,";
+  EXPECT_EQ(csv("meter.csv", {.several = Several::First}), before + "134,86,61,48,,,,,|") << "by the clock";
+  EXPECT_EQ(csv("meter.csv", {.several = Several::Last}), before + "128,82,66,46,,,,,|");
+  EXPECT_EQ(csv("meter.csv", {.several = Several::Mean}), before + "131,84,64,47,,,,,|");
+  EXPECT_EQ(csv("watch.csv"), "2026-11-01,,,,,127,80,62,47,,,,,|2026-11-02,,,,,130,83,64,47,,,,,|");
+  EXPECT_EQ(csv("scale.csv"), "2026-11-01,,,,81.6,,,,,,,,,|2026-11-02,,,,81.35,,,,,,,,,|");
+  EXPECT_EQ(csv("german.csv"), "2026-11-01,36.6,2,,81.6,,,,,14.2,,,,|2026-11-02,37.1,1,,81.35,,,,,,,,,|");
+  EXPECT_TRUE(csv("us.csv").startsWith("line 2, column temperature: \"97.8\" is beyond"));
+  EXPECT_EQ(csv("us.csv", {.units = UnitSystem::Us}),
+            "2026-11-01,36.55555555555555,,,81.6466266,128,81,,47,,,,,|"
+            "2026-11-02,36.99999999999999,,,81.37447117800001,131,84,,47,,,,,|");
+  for (const auto& [dates, order, first] :
+       {std::tuple("01/02/2026 8:05 PM,60\n13/02/2026,61", std::optional<DateOrder>(), "2026-02-01"),
+        {"01/02/2026,60\n02/13/2026,61", std::nullopt, "2026-01-02"},
+        {"01-02-2026,60", DateOrder::DayMonthYear, "2026-02-01"},
+        {"01-02-2026,60", DateOrder::MonthDayYear, "2026-01-02"}}) {
+    const auto file = parseDays("Date,Pulse\n" + QByteArray(dates), {.dateOrder = order});
+    ASSERT_TRUE(file.faults.empty()) << dates;
+    EXPECT_EQ(file.days.front().date.toStdString(), first);
+  }
+}
+
+TEST_F(Exchange, APreviewTellsWhatWouldChangeAndChangesNothing) {
+  ASSERT_EQ(import("date,weight,systolic,diastolic\n2026-01-01,80,120,80\n2026-01-02,81,121,81\n"),
+            QString());
+  const QStringList before = rows();
+  const QByteArray file = "date,weight,systolic\n2026-01-01,80,\n2026-01-02,82,131\n2026-01-03,83,\n";
+  for (const auto overwriting : {Overwriting::Replace, Overwriting::Keep}) {
+    const auto preview =
+        std::get<ImportPreview>(previewImport(file, Paths::databaseFile(), {.overwriting = overwriting}));
+    const bool replaces = overwriting == Overwriting::Replace;
+    EXPECT_EQ(std::tuple(preview.newDays, preview.changedDays, preview.sameDays),
+              replaces ? std::tuple(1, 1, 1) : std::tuple(1, 0, 2));
+    ASSERT_EQ(preview.replaced.size(), replaces ? 3U : 0U) << "the pulse pressure follows";
+    if (replaces) {
+      EXPECT_EQ(std::pair(preview.replaced[2].before, preview.replaced[2].after), std::pair(40.0, 50.0));
+    }
+  }
+  EXPECT_EQ(rows(), before);
+}
+
+TEST_F(Exchange, ADiaryThatIsNoneFailsWithTheReason) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"ALTER TABLE general RENAME TO g; CREATE VIEW general AS WITH RECURSIVE e(pk) AS (SELECT 1 UNION ALL "
+       "SELECT "
+       "pk+1 FROM e) SELECT pk, '2026-01-01' AS gdate, 1 AS temperature, 1 AS wellbeing, 1 AS appetite, 1 AS "
+       "weight, 1 "
+       "AS user_pk FROM e",
+       "general is no table"},
+      {"CREATE TRIGGER gone AFTER INSERT ON pressure BEGIN DELETE FROM pressure; END",
+       "2026-01-09 was not kept as it was written"},
+      {"INSERT INTO general (gdate, weight) VALUES ('2026-01-02', 'heavy')",
+       "2026-01-02, weight: \"heavy\" is no number"},
+      {"CREATE TRIGGER endless AFTER INSERT ON pressure BEGIN INSERT INTO blood (bdate) WITH RECURSIVE e(n) "
+       "AS (SELECT 1 "
+       "UNION ALL SELECT n+1 FROM e) SELECT n FROM e WHERE n < 0; END",
+       "asks for more work than any diary does"}};
+  for (const auto& [harm, reason] : cases) {
+    QFile::remove(Paths::databaseFile());
+    restart();
+    DBManager::sharedInstance();
+    for (const QString& statement : QString::fromLatin1(harm).split(QStringLiteral("; C"))) {
+      const bool isRest = statement.startsWith(u"REATE VIEW");
+      execute((isRest ? u"C"_s : QString()) + statement);
+    }
+    const QString fault = Paths::databaseFile() + u": "_s + QLatin1String(reason);
+    EXPECT_EQ(import("date,pulse\n2026-01-09,60\n"), fault);
+    if (QString::fromLatin1(harm).contains(u"TRIGGER")) continue;
+    EXPECT_EQ(errorOf(exportDiary(file(u"out.csv"_s))), fault);
+  }
+}
+
+TEST_F(Exchange, ObservationsHaveWhatTheirSchemaAsksFor) {
+  settings.userName.store(u"Anna"_s);
+  settings.userHeight.store(1.7F);
+  ASSERT_EQ(
+      import("date,temperature,wellbeing,weight,systolic,diastolic,crp\n2026-01-01,36.6,2,80,120,80,0.4\n"
+             "2026-01-02,,,,,70,\n"),
+      QString());
+  const auto bundle = [this](bool withPerson) {
+    const auto options = ExchangeOptions{.format = ExchangeOptions::Format::Fhir, .withPerson = withPerson};
+    EXPECT_EQ(errorOf(exportDiary(file(u"out.json"_s), options)), QString());
+    return QJsonDocument::fromJson(bytesOf(file(u"out.json"_s))).object();
+  };
+  const QJsonArray entries = bundle(false)[u"entry"].toArray();
+  QStringList codes;
+  for (const QJsonValue& entry : entries) {
+    const QJsonObject observation = entry[u"resource"].toObject();
+    EXPECT_EQ(observation[u"resourceType"], u"Observation"_s);
+    EXPECT_EQ(observation[u"status"], u"final"_s);
+    EXPECT_FALSE(observation.contains(u"subject"));
+    EXPECT_FALSE(observation[u"code"][u"text"].toString().isEmpty());
+    EXPECT_EQ(QStringList({u"valueQuantity"_s, u"valueInteger"_s, u"component"_s})
+                  .filter(QRegularExpression(observation.keys().join(u'|')))
+                  .size(),
+              1);
+    const QJsonValue code = observation[u"code"][u"coding"][0][u"code"];
+    codes.append(observation[u"effectiveDateTime"].toString().last(2) + u' ' + code.toString() + u' ' +
+                 observation[u"valueQuantity"][u"code"].toString());
+  }
+  EXPECT_EQ(codes, texts({"01 8310-5 Cel", "01  ", "01 29463-7 kg", "01 39156-5 kg/m2", "01 85354-9 ",
+                          "01  mm[Hg]", "01 1988-5 mg/dL", "02 85354-9 "}));
+  EXPECT_EQ(entries[0][u"resource"][u"valueQuantity"][u"value"].toDouble(), 36.6) << "as it was entered";
+  const QJsonArray withPerson = bundle(true)[u"entry"].toArray();
+  EXPECT_EQ(withPerson[0][u"resource"][u"name"][0][u"text"], u"Anna"_s);
+  EXPECT_EQ(withPerson[1][u"resource"][u"subject"][u"reference"], withPerson[0][u"fullUrl"]);
 }
 
 }  // namespace

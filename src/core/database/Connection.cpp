@@ -20,6 +20,14 @@ QString operationOf(const QByteArray& sql) {
   return (match.captured(1).toUpper() + QLatin1Char(' ') + match.captured(2)).trimmed();
 }
 
+// SQLite's own steps, told in portions. A hundred thousand days take less than a tenth of them, and all of
+// them some seconds.
+constexpr int kPortion = 1'000'000;
+constexpr int kMostPortions = 200;
+constexpr int kLongestValue = 1'000'000;  // bytes
+
+int countPortion(void* portions) { return ++*static_cast<int*>(portions) > kMostPortions ? 1 : 0; }
+
 }  // namespace
 
 // A file that may only be read is opened all the same and fails when it is written. It is never opened for
@@ -30,7 +38,10 @@ Connection::Connection(const QString& file, int patience, Access access) : _file
       accept(sqlite3_open_v2(file.toUtf8().constData(), &_database, flags, nullptr), "open") &&
       accept(sqlite3_db_config(_database, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr), "open") &&
       accept(sqlite3_db_config(_database, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr), "open");
-  if (isOpen) setPatience(patience);
+  if (!isOpen) return;
+  setPatience(patience);
+  sqlite3_limit(_database, SQLITE_LIMIT_LENGTH, kLongestValue);
+  sqlite3_progress_handler(_database, kPortion, countPortion, &_work);
 }
 
 Connection::~Connection() {
@@ -65,6 +76,7 @@ bool Connection::accept(int code, const QByteArray& sql) {
   _code = code;
   const bool isOwnMessage = _database != nullptr && sqlite3_errcode(_database) == code;
   _reason = QString::fromUtf8(isOwnMessage ? sqlite3_errmsg(_database) : sqlite3_errstr(code));
+  if (code == SQLITE_INTERRUPT) _reason = QStringLiteral("asks for more work than any diary does");
   logLine(QStringLiteral("%1: %2 failed: %3").arg(QFileInfo(_file).fileName(), operationOf(sql), _reason));
   return false;
 }

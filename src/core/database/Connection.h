@@ -3,7 +3,8 @@
 // ask at its end. What was begun and not committed is rolled back when the connection ends.
 //
 // The file is not trusted: what its schema brings along may not call functions with effects, and nothing may
-// write past SQLite's own bookkeeping.
+// write past SQLite's own bookkeeping. What asks for more work or for longer texts than any diary, such as a
+// view without end, fails.
 #pragma once
 
 #include <QByteArray>
@@ -58,6 +59,7 @@ class [[nodiscard]] Connection {
  private:
   QString _file;
   sqlite3* _database = nullptr;
+  int _work = 0;
   int _code = 0;
   QString _reason;
 };

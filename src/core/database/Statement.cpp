@@ -57,6 +57,11 @@ double Statement::real(int column) const { return sqlite3_column_double(_stateme
 
 bool Statement::isNull(int column) const { return sqlite3_column_type(_statement, column) == SQLITE_NULL; }
 
+bool Statement::isNumber(int column) const {
+  const int type = sqlite3_column_type(_statement, column);
+  return type == SQLITE_INTEGER || type == SQLITE_FLOAT;
+}
+
 QString Statement::text(int column) const {
   const auto* bytes = reinterpret_cast<const char*>(sqlite3_column_text(_statement, column));
   return bytes == nullptr ? QStringLiteral("") : QString::fromUtf8(bytes);

@@ -41,6 +41,8 @@ class [[nodiscard]] Statement {
   [[nodiscard]] qint64 integer(int column) const;
   [[nodiscard]] double real(int column) const;
   [[nodiscard]] bool isNull(int column) const;
+  // Whether the value is held as a number, and not as a text or as bytes.
+  [[nodiscard]] bool isNumber(int column) const;
   // A NULL gives the empty text.
   [[nodiscard]] QString text(int column) const;
 

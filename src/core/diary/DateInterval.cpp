@@ -1,5 +1,7 @@
 #include "core/diary/DateInterval.h"
 
+#include <algorithm>
+
 #include "core/dates/Utils.h"
 #include "core/foundation/Clock.h"
 #include "core/foundation/Settings.h"
@@ -14,7 +16,12 @@ void store(const Setting<QDateTime>& setting, const QDateTime& date) {
 
 }  // namespace
 
-QDateTime DateInterval::storedStart() { return settings.dateFrom.value(); }
+QDateTime DateInterval::storedStart() {
+  const QDateTime start = settings.dateFrom.value();
+  return start.isValid() ? std::max(start, earliestStart(storedEndOrNow())) : start;
+}
+
+QDateTime DateInterval::earliestStart(const QDateTime& end) { return end.addDays(1 - kMostDays); }
 
 QDateTime DateInterval::storedEndOrNow() {
   const QDateTime end = settings.dateTo.value();

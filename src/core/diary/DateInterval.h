@@ -8,8 +8,13 @@ namespace sanovia {
 
 class DateInterval {
  public:
-  // Invalid while no start was ever stored.
+  // A hundred years: nobody's diary is longer, and nonsense in the settings costs neither time nor memory.
+  static constexpr qint64 kMostDays = 36'525;
+
+  // Invalid while no start was ever stored. One that lies too far before the end counts as moved up to it.
   static QDateTime storedStart();
+  // The earliest start of an interval with that end.
+  static QDateTime earliestStart(const QDateTime& end);
   // The stored end, or now.
   static QDateTime storedEndOrNow();
 

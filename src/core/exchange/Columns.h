@@ -28,6 +28,9 @@ struct ExchangeColumn {
   // Both limits included, in stored units.
   double holdsFrom;
   double holdsTo;
+  // What medicine knows of, within these; the same.
+  double plausibleFrom;
+  double plausibleTo;
 };
 
 struct ExchangeTable {

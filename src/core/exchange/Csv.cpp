@@ -5,20 +5,25 @@
 namespace sanovia {
 namespace {
 
-constexpr QChar kQuote = u'"';
-constexpr QChar kComma = u',';
+constexpr char kQuote = '"';
+constexpr char kComma = ',';
 
-bool isLineBreak(QChar sign) { return sign == u'\n' || sign == u'\r'; }
-bool isSeparator(QChar sign) { return sign == kComma || sign == u';' || sign == u'\t'; }
+// Beyond these it is no table.
+constexpr size_t kMostCells = 1000;
+constexpr qsizetype kLongestCell = 100'000;  // bytes
 
-QChar separatorOf(QStringView text) {
+bool isLineBreak(char sign) { return sign == '\n' || sign == '\r'; }
+bool isSeparator(char sign) { return sign == kComma || sign == ';' || sign == '\t'; }
+bool isBlank(char sign) { return sign == ' ' || (sign >= '\t' && sign <= '\r'); }
+
+char separatorOf(QByteArrayView text) {
   bool isQuoted = false;
-  bool isBlank = true;
-  for (const QChar sign : text) {
+  bool isEmpty = true;
+  for (const char sign : text) {
     if (sign == kQuote) isQuoted = !isQuoted;
     if (isQuoted) continue;
-    if (isLineBreak(sign) && !isBlank) break;
-    isBlank = isBlank && sign.isSpace();
+    if (isLineBreak(sign) && !isEmpty) break;
+    isEmpty = isEmpty && isBlank(sign);
     if (isSeparator(sign)) return sign;
   }
   return kComma;
@@ -31,21 +36,25 @@ bool needsQuotes(QByteArrayView cell) {
 
 }  // namespace
 
-CsvReader::CsvReader(QStringView text) : _text(text), _separator(separatorOf(text)) {}
+CsvReader::CsvReader(QByteArrayView text) : _text(text), _separator(separatorOf(text)) {}
 
 std::optional<CsvRow> CsvReader::next() {
   while (!atEnd() && !_fault) {
     CsvRow row = readRow();
-    const bool isBlank = row.size() == 1 && row.front().text.isEmpty();
-    if (!_fault && !isBlank) return row;
+    const bool isEmpty = row.size() == 1 && row.front().text.isEmpty();
+    if (!_fault && !isEmpty) return row;
   }
   return std::nullopt;
 }
 
 CsvRow CsvReader::readRow() {
   CsvRow row;
-  do row.push_back(readCell(row.size()));
-  while (!_fault && take(_separator));
+  do {
+    if (row.size() == kMostCells)
+      fail(_line, row.size(), QStringLiteral("a line of more than %1 cells").arg(kMostCells));
+    else
+      row.push_back(readCell(row.size()));
+  } while (!_fault && take(_separator));
   takeLineBreak();
   return row;
 }
@@ -53,31 +62,35 @@ CsvRow CsvReader::readRow() {
 CsvCell CsvReader::readCell(size_t number) {
   skipBlanks();
   const qint64 line = _line;
-  return {take(kQuote) ? readQuoted(number) : readPlain(), line};
+  const qsizetype from = _place;
+  CsvCell cell{take(kQuote) ? readQuoted(number) : readPlain(), line};
+  if (_place - from > kLongestCell)
+    fail(line, number, QStringLiteral("a cell of more than %1 signs").arg(kLongestCell));
+  return cell;
 }
 
 QString CsvReader::readPlain() {
   const qsizetype from = _place;
   while (!atCellEnd()) ++_place;
-  return _text.sliced(from, _place - from).trimmed().toString();
+  return QString::fromUtf8(_text.sliced(from, std::min(_place - from, kLongestCell))).trimmed();
 }
 
 QString CsvReader::readQuoted(size_t number) {
   const qint64 line = _line;
-  QString text;
-  while (!atEnd()) {
+  QByteArray text;
+  while (!atEnd() && text.size() <= kLongestCell) {
     const qsizetype from = _place;
     if (take(kQuote) && !take(kQuote)) {
       skipBlanks();
       if (!atCellEnd()) fail(_line, number, QStringLiteral("text after the closing quote"));
-      return text;
+      return QString::fromUtf8(text);
     }
     // A doubled quote is past already and counts once.
     if (_place == from && !takeLineBreak()) ++_place;
-    text += _text[from] == kQuote ? QStringView(&kQuote, 1) : _text.sliced(from, _place - from);
+    text += _text[from] == kQuote ? QByteArrayView(&kQuote, 1) : _text.sliced(from, _place - from);
   }
   fail(line, number, QStringLiteral("the quote that begins here is never closed"));
-  return text;
+  return {};
 }
 
 void CsvReader::fail(qint64 line, size_t cell, const QString& message) {
@@ -88,7 +101,7 @@ bool CsvReader::atLineBreak() const { return !atEnd() && isLineBreak(_text[_plac
 
 bool CsvReader::atCellEnd() const { return atEnd() || atLineBreak() || _text[_place] == _separator; }
 
-bool CsvReader::take(QChar wanted) {
+bool CsvReader::take(char wanted) {
   if (atEnd() || _text[_place] != wanted) return false;
   ++_place;
   return true;
@@ -96,14 +109,14 @@ bool CsvReader::take(QChar wanted) {
 
 bool CsvReader::takeLineBreak() {
   if (!atLineBreak()) return false;
-  const bool isCarriageReturn = take(u'\r');
-  if (!take(u'\n') && !isCarriageReturn) return false;
+  const bool isCarriageReturn = take('\r');
+  if (!take('\n') && !isCarriageReturn) return false;
   ++_line;
   return true;
 }
 
 void CsvReader::skipBlanks() {
-  while (!atCellEnd() && _text[_place].isSpace()) ++_place;
+  while (!atCellEnd() && isBlank(_text[_place])) ++_place;
 }
 
 void CsvWriter::addCell(QByteArrayView cell) {

@@ -1,11 +1,11 @@
-// CSV text to rows of cells and back. Reading is liberal, so that files from spreadsheets of any country come
-// in: the separator is found in the header, every line ending counts. Writing knows one form, that of
-// RFC 4180. What the cells mean is not known here.
+// CSV text in UTF-8 to rows of cells and back. Reading is liberal, so that files from spreadsheets of any
+// country come in: the separator is found in the header, every line ending counts. Writing knows one form,
+// that of RFC 4180. What the cells mean is not known here. A text is read where it lies, and what no table
+// has, such as a line of a million cells, is a fault, so that nonsense costs little.
 #pragma once
 
 #include <QByteArray>
 #include <QString>
-#include <QStringView>
 
 #include <optional>
 #include <vector>
@@ -32,7 +32,7 @@ class CsvReader {
  public:
   // The text must outlive the reader. The separator is the first comma, semicolon or tab outside quotes in
   // the first line that is not blank; a comma when there is none.
-  explicit CsvReader(QStringView text);
+  explicit CsvReader(QByteArrayView text);
 
   // The next row, blank lines left out. Nothing at the end of the text and from a fault on.
   std::optional<CsvRow> next();
@@ -48,12 +48,12 @@ class CsvReader {
   bool atEnd() const { return _place == _text.size(); }
   bool atLineBreak() const;
   bool atCellEnd() const;
-  bool take(QChar wanted);
+  bool take(char wanted);
   bool takeLineBreak();
   void skipBlanks();
 
-  QStringView _text;
-  QChar _separator;
+  QByteArrayView _text;
+  char _separator;
   qsizetype _place = 0;
   qint64 _line = 1;
   std::optional<CsvFault> _fault;

@@ -1,5 +1,6 @@
 #include "core/exchange/DiaryImport.h"
 
+#include <QFile>
 #include <QHash>
 #include <QStringList>
 
@@ -10,7 +11,10 @@
 #include "core/database/DBManager.h"
 #include "core/database/Statement.h"
 #include "core/exchange/Columns.h"
+#include "core/exchange/DiaryReader.h"
+#include "core/foundation/Paths.h"
 #include "core/foundation/WholeFile.h"
+#include "core/measures/Catalogue.h"
 
 namespace sanovia {
 namespace {
@@ -105,9 +109,70 @@ void writeDays(Connection& connection, const std::vector<ExchangeDay>& days,
   }
 }
 
-bool hasValue(const ExchangeDay& day) {
-  return std::any_of(day.values.begin(), day.values.end(),
-                     [](const auto& value) { return value.has_value(); });
+// Whether each value that was written is there now; a trigger may have seen to the contrary.
+std::optional<FileError> missing(Connection& connection, const QString& diary,
+                                 const std::vector<ExchangeDay>& written) {
+  const auto read = readDiary(connection, diary);
+  if (const auto* error = std::get_if<FileError>(&read)) return *error;
+  const auto& days = std::get<DiaryDays>(read).days;
+  for (const ExchangeDay& day : written) {
+    if (!day.hasValue()) continue;
+    const auto kept =
+        std::lower_bound(days.begin(), days.end(), day.date,
+                         [](const ExchangeDay& one, const QString& date) { return one.date < date; });
+    const bool isThere =
+        kept != days.end() && kept->date == day.date &&
+        std::equal(day.values.begin(), day.values.end(), kept->values.begin(),
+                   [](const auto& given, const auto& held) { return !given || given == held; });
+    if (!isThere)
+      return FileError{diary + QStringLiteral(": %1 was not kept as it was written").arg(day.date)};
+  }
+  return std::nullopt;
+}
+
+using DaysByDate = std::map<QString, ExchangeDay>;
+
+size_t placeOf(MeasureId id) { return *exchangePlace(QString::fromLatin1(measure(id).exchangeName)); }
+
+// The pulse pressure follows its two pressures, wherever they come from.
+void addPulsePressure(ExchangeDay& day, const ExchangeDay* known) {
+  const auto systolic = placeOf(MeasureId::Systolic);
+  const auto diastolic = placeOf(MeasureId::Diastolic);
+  const auto valueAt = [&](size_t place) {
+    return day.values[place] || known == nullptr ? day.values[place] : known->values[place];
+  };
+  if (!day.values[systolic] && !day.values[diastolic]) return;
+  if (!valueAt(systolic) || !valueAt(diastolic)) return;
+  const double difference = *valueAt(systolic) - *valueAt(diastolic);
+  if (difference != kNotEntered) day.values[placeOf(MeasureId::PulsePressure)] = difference;
+}
+
+// One day of the file beside that of the diary, if there is one.
+void plan(ExchangeDay day, const ExchangeDay* known, bool givesPulsePressure, Overwriting overwriting,
+          ImportPreview& preview) {
+  if (overwriting == Overwriting::Keep && known != nullptr)
+    for (size_t i = 0; i < day.values.size(); ++i)
+      if (known->values[i]) day.values[i].reset();
+  if (!givesPulsePressure) addPulsePressure(day, known);
+  if (!day.hasValue() && overwriting == Overwriting::Replace) return;
+  bool changes = false;
+  for (size_t i = 0; known != nullptr && i < day.values.size(); ++i) {
+    if (!day.values[i] || day.values[i] == known->values[i]) continue;
+    changes = true;
+    if (known->values[i]) preview.replaced.push_back({day.date, i, *known->values[i], *day.values[i]});
+  }
+  ++(known == nullptr ? preview.newDays : changes ? preview.changedDays : preview.sameDays);
+  preview.days.push_back(std::move(day));
+}
+
+std::variant<DaysByDate, FileError> daysOf(const QString& diary, const ExchangeOptions& options) {
+  DaysByDate known;
+  if (!QFile::exists(diary)) return known;
+  Connection connection(diary, options.patience);
+  auto read = connection.run("BEGIN") ? readDiary(connection, diary) : FileError{connection.error()};
+  if (auto* error = std::get_if<FileError>(&read)) return std::move(*error);
+  for (ExchangeDay& day : std::get<DiaryDays>(read).days) known.try_emplace(day.date, std::move(day));
+  return known;
 }
 
 }  // namespace
@@ -115,22 +180,48 @@ bool hasValue(const ExchangeDay& day) {
 std::optional<FileError> storeDays(const QString& diary, const std::vector<ExchangeDay>& days,
                                    const ExchangeOptions& options) {
   Connection connection(diary, options.patience);
-  if (connection.begin()) writeDays(connection, days, options.progress);
+  if (connection.begin()) {
+    writeDays(connection, days, options.progress);
+    if (connection.isGood())
+      if (auto error = missing(connection, diary, days)) return error;
+  }
   return connection.commit() ? std::nullopt : std::optional(FileError{connection.error()});
 }
 
-ExchangeResult importDiary(const QString& csvFile, const ExchangeOptions& options) {
-  const auto bytes = readWhole(csvFile);
-  if (const auto* error = std::get_if<FileError>(&bytes)) return *error;
+PreviewResult previewImport(const QByteArray& file, const QString& diary, const ImportOptions& options) {
+  ParsedFile parsed = parseDays(file, options.choices);
+  ImportPreview preview{.columns = parsed.columns, .faults = parsed.faults};
+  if (!preview.faults.empty()) return preview;
+  const auto known = daysOf(diary, options.exchange);
+  if (const auto* error = std::get_if<FileError>(&known)) return *error;
+  const auto& byDate = std::get<DaysByDate>(known);
+  const bool givesPulsePressure = parsed.givesPulsePressure();
+  for (ExchangeDay& day : parsed.days) {
+    if (!day.hasValue()) continue;
+    const auto found = byDate.find(day.date);
+    plan(std::move(day), found == byDate.end() ? nullptr : &found->second, givesPulsePressure,
+         options.overwriting, preview);
+  }
+  return preview;
+}
 
-  const ParsedDays parsed = parseDays(std::get<QByteArray>(bytes));
-  if (const auto* fault = std::get_if<ParseFault>(&parsed))
-    return FileError{csvFile + QStringLiteral(": ") + faultText(*fault)};
-
-  const auto& days = std::get<std::vector<ExchangeDay>>(parsed);
+PreviewResult importBytes(const QByteArray& file, const ImportOptions& options) {
+  PreviewResult result = previewImport(file, Paths::databaseFile(), options);
+  const auto* preview = std::get_if<ImportPreview>(&result);
+  if (preview == nullptr || !preview->faults.empty()) return result;
   const QString diary = DBManager::sharedInstance().databasePath();
-  if (const auto error = storeDays(diary, days, options)) return *error;
-  return ExchangeReport{.diary = diary, .days = std::count_if(days.begin(), days.end(), hasValue)};
+  if (const auto error = storeDays(diary, preview->days, options.exchange)) return *error;
+  return result;
+}
+
+ExchangeResult importDiary(const QString& file, const ExchangeOptions& options) {
+  const auto bytes = readWhole(file, kLargestImport);
+  if (const auto* error = std::get_if<FileError>(&bytes)) return *error;
+  const PreviewResult result = importBytes(std::get<QByteArray>(bytes), {.exchange = options});
+  if (const auto* error = std::get_if<FileError>(&result)) return *error;
+  const auto& done = std::get<ImportPreview>(result);
+  if (!done.faults.empty()) return FileError{file + QStringLiteral(": ") + faultText(done.faults.front())};
+  return ExchangeReport{.diary = Paths::databaseFile(), .days = std::ssize(done.days)};
 }
 
 }  // namespace sanovia

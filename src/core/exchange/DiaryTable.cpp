@@ -1,24 +1,26 @@
 #include "core/exchange/DiaryTable.h"
 
 #include <QDate>
-#include <QHash>
-#include <QStringDecoder>
 
 #include <algorithm>
 #include <cmath>
+#include <variant>
 
 #include "core/exchange/Columns.h"
 #include "core/exchange/Csv.h"
+#include "core/exchange/Encoding.h"
 #include "core/exchange/Numbers.h"
+#include "core/measures/Catalogue.h"
 
 namespace sanovia {
 namespace {
 
-// Longer texts are cut in messages, so that a message stays a line.
-constexpr qsizetype kLongestQuotation = 40;
-
 // Of a day with all of its values, in bytes.
 constexpr qsizetype kUsualLine = 96;
+
+// Four hundred years.
+constexpr size_t kMostDays = 150'000;
+constexpr size_t kMostFaults = 100;
 
 // Where the parts of a date stand in "yyyy-MM-dd".
 constexpr qsizetype kYearLength = 4;
@@ -26,9 +28,7 @@ constexpr qsizetype kMonth = 5;
 constexpr qsizetype kPartLength = 2;
 constexpr qsizetype kDayPlace = 8;
 
-// A column of the file: a place in exchangeColumns(), or nothing for the date.
-using FileColumn = std::optional<size_t>;
-using ParsedValue = std::variant<double, QString>;
+using Role = FileColumn::Role;
 
 QString inQuotes(QStringView text) {
   QString shown = text.toString().simplified();
@@ -36,23 +36,12 @@ QString inQuotes(QStringView text) {
   return QLatin1Char('"') + shown + QLatin1Char('"');
 }
 
-// The number, or what is wrong with it.
-ParsedValue valueOf(QStringView text, const ExchangeColumn& column) {
-  const std::optional<double> value = decimalNumber(text);
-  if (!value) return inQuotes(text) + QStringLiteral(" is no number");
-  if (*value == kNotEntered)
-    return inQuotes(text) + QStringLiteral(" would mean \"not entered\"; leave the cell empty for that");
-  if (*value < column.holdsFrom)
-    return inQuotes(text) + QStringLiteral(" is below ") + NumberText(column.holdsFrom).toString();
-  if (*value > column.holdsTo)
-    return inQuotes(text) + QStringLiteral(" is above ") + NumberText(column.holdsTo).toString();
-  if (column.isWhole && *value != std::trunc(*value))
-    return inQuotes(text) + QStringLiteral(" is no whole number");
-  return column.isSingle ? singleNamed(*value) : *value;
-}
-
 NumberText textOf(double value, const ExchangeColumn& column) {
   return column.isSingle ? singleText(value) : NumberText(value);
+}
+
+bool isPlausible(double value, const ExchangeColumn& column) {
+  return value >= column.plausibleFrom && value <= column.plausibleTo;
 }
 
 bool hasForm(QStringView text) {
@@ -69,109 +58,282 @@ int wholeNumber(QStringView digits) {
   return number;
 }
 
+// The readings of one value on one day.
+struct Readings {
+  double sum = 0;
+  double taken = 0;  // the first or the last one, or the only one
+  int count = 0;
+  int time = 0;  // of the one taken
+};
+
 class DayParser {
  public:
-  explicit DayParser(const QString& text) : _reader(text) {}
+  DayParser(QByteArrayView text, const FileChoices& choices) : _text(text), _choices(choices) {}
 
-  ParsedDays parse() {
-    const std::optional<CsvRow> header = _reader.next();
+  ParsedFile parse() {
+    CsvReader reader(_text);
+    const std::optional<CsvRow> header = reader.next();
     if (header) readHeader(*header);
-    checkDateColumn(header ? header->front().line : 1);
-    while (!_fault) {
-      const std::optional<CsvRow> row = _reader.next();
-      takeReaderFault();
+    takeFault(reader);
+    if (mayGoOn()) checkColumns(header ? header->front().line : 1);
+    if (mayGoOn()) findOrder();
+    while (mayGoOn()) {
+      const std::optional<CsvRow> row = reader.next();
+      takeFault(reader);
       if (!row) break;
       readDay(*row);
     }
-    if (_fault) return *_fault;
-    return std::move(_days);
+    if (_file.faults.empty())
+      finish();
+    else
+      _file.days.clear();
+    return std::move(_file);
   }
 
  private:
+  using ParsedValue = std::variant<double, ParseFault>;
+
+  bool mayGoOn() const { return !_isOver && _file.faults.size() < kMostFaults; }
+
   void readHeader(const CsvRow& header) {
     for (const CsvCell& cell : header) {
-      const QString name = cell.text.trimmed().toLower();
-      const bool isDate = name == kExchangeDate;
-      const FileColumn column = isDate ? std::nullopt : exchangePlace(name);
-      if (name.isEmpty()) return fail(cell.line, {}, QStringLiteral("a column without a name"));
-      if (!isDate && !column) return fail(cell.line, inQuotes(cell.text), QStringLiteral("no such column"));
-      if (std::find(_columns.begin(), _columns.end(), column) != _columns.end())
-        return fail(cell.line, name, QStringLiteral("stands twice in the header"));
-      _columns.push_back(column);
+      const auto number = std::ssize(_file.columns);
+      const auto chosen = _choices.columns.constFind(number);
+      FileColumn column = columnOf(cell.text);
+      if (chosen != _choices.columns.constEnd())
+        column = {column.heading, chosen->role, chosen->place, chosen->unit};
+      const bool isTwice =
+          column.role != Role::LeftOut &&
+          std::any_of(_file.columns.begin(), _file.columns.end(), [&](const auto& other) {
+            return other.role == column.role && (column.role != Role::Value || other.place == column.place);
+          });
+      if (isTwice)
+        fail({cell.line, cell.text.trimmed().toLower(), QStringLiteral("stands twice in the header")});
+      _file.columns.push_back(column);
     }
   }
 
-  void checkDateColumn(qint64 line) {
-    takeReaderFault();
-    if (std::find(_columns.begin(), _columns.end(), std::nullopt) == _columns.end())
-      fail(line, kExchangeDate, QStringLiteral("is missing in the header"));
+  void checkColumns(qint64 line) {
+    const auto has = [this](Role role) {
+      return std::any_of(_file.columns.begin(), _file.columns.end(),
+                         [role](const FileColumn& column) { return column.role == role; });
+    };
+    if (!has(Role::Date)) return end({line, kExchangeDate, QStringLiteral("is missing in the header")});
+    if (_file.columns.size() > 1 && !has(Role::Value))
+      end({line, {}, QStringLiteral("no column of values is known in the header")});
+    _date = placeOf(Role::Date);
+    _time = placeOf(Role::Time);
+  }
+
+  size_t placeOf(Role role) const {
+    const auto found = std::find_if(_file.columns.begin(), _file.columns.end(),
+                                    [role](const FileColumn& column) { return column.role == role; });
+    return static_cast<size_t>(found - _file.columns.begin());
+  }
+
+  // Whether days stand before months, from the whole file where the person has not said.
+  void findOrder() {
+    if (_choices.dateOrder) return;
+    bool dayFirst = true;
+    bool monthFirst = true;
+    ParseFault doubt{0, kExchangeDate, {}, Choice::DateOrder};
+    CsvReader reader(_text);
+    reader.next();
+    while (const std::optional<CsvRow> row = reader.next()) {
+      if (_date >= row->size() || isDiaryDate((*row)[_date].text)) continue;
+      const auto date = readFileDate((*row)[_date].text);
+      if (!date || !date->isDoubtful()) continue;
+      if (doubt.line == 0) {
+        doubt.line = (*row)[_date].line;
+        doubt.message = inQuotes((*row)[_date].text);
+      }
+      dayFirst = dayFirst && date->dayFirst.isValid();
+      monthFirst = monthFirst && date->monthFirst.isValid();
+    }
+    _order = dayFirst ? DateOrder::DayMonthYear : DateOrder::MonthDayYear;
+    if (doubt.line == 0 || dayFirst != monthFirst) return;
+    doubt.message += QStringLiteral(" is a date in two orders, and no other line decides");
+    end(doubt);
   }
 
   void readDay(const CsvRow& row) {
     if (std::all_of(row.begin(), row.end(), [](const CsvCell& cell) { return isEmpty(cell); })) return;
-    if (row.size() > _columns.size()) {
+    if (row.size() > _file.columns.size() && !isEmpty(row[_file.columns.size()])) {
       const QString message = QStringLiteral("%1 cells, but the header has %2 columns");
-      return fail(row.front().line, {}, message.arg(row.size()).arg(_columns.size()));
+      return fail({row.front().line, {}, message.arg(row.size()).arg(_file.columns.size())});
     }
-    readDate(row);
-    for (size_t i = 0; i < row.size() && !_fault; ++i)
-      if (_columns[i] && !isEmpty(row[i])) readValue(row[i], *_columns[i]);
+    const auto day = readDate(row);
+    if (!day) return;
+    for (size_t i = 0; i < std::min(row.size(), _file.columns.size()); ++i)
+      if (_file.columns[i].role == Role::Value && !isEmpty(row[i])) readValue(row[i], _file.columns[i], *day);
   }
 
-  void readDate(const CsvRow& row) {
-    const auto place = std::find(_columns.begin(), _columns.end(), std::nullopt) - _columns.begin();
-    const bool isThere = place < std::ssize(row);
-    const qint64 line = row[isThere ? static_cast<size_t>(place) : 0].line;
-    const QString text = isThere ? row[static_cast<size_t>(place)].text.trimmed() : QString();
-    if (text.isEmpty()) return fail(line, kExchangeDate, QStringLiteral("is empty"));
-    if (!isDiaryDate(text))
-      return fail(line, kExchangeDate, inQuotes(text) + QStringLiteral(" is no date of the form yyyy-MM-dd"));
-    if (const qint64 first = _lineOfDate.value(text))
-      return fail(line, kExchangeDate, inQuotes(text) + QStringLiteral(" stands in line %1 too").arg(first));
-    _lineOfDate.insert(text, line);
-    _days.emplace_back(text);
+  // The place of the row's day among the days; nothing after a fault.
+  std::optional<size_t> readDate(const CsvRow& row) {
+    const bool isThere = _date < row.size();
+    const qint64 line = row[isThere ? _date : 0].line;
+    const QString text = isThere ? row[_date].text.trimmed() : QString();
+    FileDate date;
+    if (isDiaryDate(text))
+      date.dayFirst = date.monthFirst = QDate::fromString(text, Qt::ISODate);
+    else
+      date = readFileDate(text).value_or(FileDate());
+    const QDate day = date.in(_choices.dateOrder.value_or(_order));
+    if (!day.isValid()) {
+      fail({line, kExchangeDate,
+            text.isEmpty() ? QStringLiteral("is empty") : inQuotes(text) + QStringLiteral(" is no date")});
+      return std::nullopt;
+    }
+    if (!date.time.isValid() && _time < row.size()) date.time = readTime(row[_time].text);
+    _clock = date.time.isValid() ? date.time.msecsSinceStartOfDay() : 0;
+    return placeOfDay(day, line);
   }
 
-  void readValue(const CsvCell& cell, size_t place) {
-    const ExchangeColumn& column = exchangeColumns()[place];
-    const ParsedValue value = valueOf(QStringView(cell.text).trimmed(), column);
-    if (const auto* message = std::get_if<QString>(&value)) return fail(cell.line, column.name, *message);
-    _days.back().values[place] = std::get<double>(value);
+  std::optional<size_t> placeOfDay(const QDate& day, qint64 line) {
+    const auto known = _placeOfDay.constFind(day);
+    if (known != _placeOfDay.constEnd()) return *known;
+    if (_file.days.size() == kMostDays) {
+      end({line, {}, QStringLiteral("more than %1 days").arg(kMostDays)});
+      return std::nullopt;
+    }
+    _placeOfDay.insert(day, _file.days.size());
+    _lineOfDay.push_back(line);
+    _file.days.emplace_back(day.toString(Qt::ISODate));
+    _readings.resize(_readings.size() + exchangeColumns().size());
+    return _file.days.size() - 1;
   }
 
-  void takeReaderFault() {
-    const std::optional<CsvFault>& fault = _reader.fault();
-    if (fault) fail(fault->line, nameOf(fault->cell), fault->message);
+  void readValue(const CsvCell& cell, const FileColumn& column, size_t day) {
+    const ExchangeColumn& meant = exchangeColumns()[column.place];
+    const QString text = cell.text.trimmed();
+    const std::optional<double> number = decimalNumber(text);
+    const auto failed = [&](const QString& message, std::optional<Choice> mendedBy = {}) {
+      fail({cell.line, meant.name, inQuotes(text) + message, mendedBy});
+    };
+    if (!number) return failed(QStringLiteral(" is no number"));
+    const FileUnit* unit = unitOf(column, meant);
+    const double value = unit == nullptr ? *number : unit->inStoredUnit(*number);
+    if (value == kNotEntered)
+      return failed(QStringLiteral(" would mean \"not entered\"; leave the cell empty for that"));
+    if (value < meant.holdsFrom)
+      return failed(QStringLiteral(" is below ") + NumberText(meant.holdsFrom).toString());
+    if (value > meant.holdsTo)
+      return failed(QStringLiteral(" is above ") + NumberText(meant.holdsTo).toString());
+    if (meant.isWhole && value != std::trunc(value)) return failed(QStringLiteral(" is no whole number"));
+    if (const FileUnit* other = betterUnit(*number, value, unit, meant))
+      return failed(QStringLiteral(" is beyond what is plausible in %1; is it in %2?")
+                        .arg(QString::fromUtf8(unit->name), QString::fromUtf8(other->name)),
+                    other->system == UnitSystem::Us && column.unit == nullptr ? std::optional(Choice::Units)
+                                                                              : std::nullopt);
+    take(cell, day, column.place, meant.isSingle ? singleNamed(value) : value);
+  }
+
+  // Null where there is but one unit.
+  const FileUnit* unitOf(const FileColumn& column, const ExchangeColumn& meant) const {
+    const auto units = unitsOf(meant.name);
+    if (units.empty() || column.unit != nullptr) return column.unit;
+    const auto wanted = std::find_if(units.begin(), units.end(), [this](const FileUnit& unit) {
+      return unit.system == _choices.units.value_or(UnitSystem::Metric);
+    });
+    return wanted == units.end() ? units.data() : &*wanted;
+  }
+
+  // Another unit in which the number is plausible, where it is not in the one it was taken for.
+  static const FileUnit* betterUnit(double number, double value, const FileUnit* unit,
+                                    const ExchangeColumn& meant) {
+    if (isPlausible(value, meant)) return nullptr;
+    for (const FileUnit& other : unitsOf(meant.name))
+      if (&other != unit && isPlausible(other.inStoredUnit(number), meant)) return &other;
+    return nullptr;
+  }
+
+  void take(const CsvCell& cell, size_t day, size_t place, double value) {
+    Readings& readings = _readings[day * exchangeColumns().size() + place];
+    if (readings.count > 0 && !_choices.several && readings.taken != value)
+      return fail(
+          {cell.line, kExchangeDate,
+           QStringLiteral("\"%1\" stands in line %2 too").arg(_file.days[day].date).arg(_lineOfDay[day]),
+           Choice::Several});
+    const bool isFirst = _choices.several == Several::First;
+    if (readings.count == 0 || (isFirst ? _clock < readings.time : _clock >= readings.time)) {
+      readings.taken = value;
+      readings.time = _clock;
+    }
+    readings.sum += value;
+    ++readings.count;
+  }
+
+  void finish() {
+    const size_t width = exchangeColumns().size();
+    for (size_t i = 0; i < _readings.size(); ++i) {
+      const Readings& readings = _readings[i];
+      if (readings.count == 0) continue;
+      const ExchangeColumn& column = exchangeColumns()[i % width];
+      double value = readings.taken;
+      if (_choices.several == Several::Mean && readings.count > 1) {
+        value = readings.sum / readings.count;
+        if (column.isWhole) value = std::round(value);
+      }
+      _file.days[i / width].values[i % width] = value;
+    }
+  }
+
+  void takeFault(const CsvReader& reader) {
+    const std::optional<CsvFault>& fault = reader.fault();
+    if (fault) end({fault->line, nameOf(fault->cell), fault->message});
   }
 
   // Empty for a cell beyond the header and for those of the header itself.
   QString nameOf(size_t cell) const {
-    if (cell >= _columns.size()) return {};
-    return _columns[cell] ? exchangeColumns()[*_columns[cell]].name : kExchangeDate;
+    if (cell >= _file.columns.size()) return {};
+    const FileColumn& column = _file.columns[cell];
+    return column.role == Role::Value ? exchangeColumns()[column.place].name : column.heading;
   }
 
-  static bool isEmpty(const CsvCell& cell) { return QStringView(cell.text).trimmed().isEmpty(); }
-
-  void fail(qint64 line, const QString& column, const QString& message) {
-    if (!_fault) _fault = {line, column, message};
+  static bool isEmpty(const CsvCell& cell) {
+    const QStringView text = QStringView(cell.text).trimmed();
+    return text.isEmpty() || text == u"-" || text == u"--";
   }
 
-  CsvReader _reader;
-  std::vector<FileColumn> _columns;
-  std::vector<ExchangeDay> _days;
-  QHash<QString, qint64> _lineOfDate;
-  std::optional<ParseFault> _fault;
+  void fail(const ParseFault& fault) { _file.faults.push_back(fault); }
+
+  void end(const ParseFault& fault) {
+    fail(fault);
+    _isOver = true;
+  }
+
+  QByteArrayView _text;
+  const FileChoices& _choices;
+  ParsedFile _file;
+  bool _isOver = false;
+  size_t _date = 0;
+  size_t _time = 0;
+  DateOrder _order = DateOrder::DayMonthYear;
+  int _clock = 0;  // of the line that is read: milliseconds of its day
+  QHash<QDate, size_t> _placeOfDay;
+  std::vector<qint64> _lineOfDay;
+  std::vector<Readings> _readings;  // day by day, by the places of exchangeColumns()
 };
 
 }  // namespace
 
 ExchangeDay::ExchangeDay(QString day) : date(std::move(day)), values(exchangeColumns().size()) {}
 
-ParsedDays parseDays(const QByteArray& csv) {
-  QStringDecoder decoder(QStringDecoder::Utf8);
-  const QString text = decoder(csv);
-  if (decoder.hasError()) return ParseFault{0, {}, QStringLiteral("is no UTF-8 text")};
-  return DayParser(text).parse();
+bool ExchangeDay::hasValue() const {
+  return std::any_of(values.begin(), values.end(), [](const auto& value) { return value.has_value(); });
+}
+
+bool ParsedFile::givesPulsePressure() const {
+  const auto place = exchangePlace(QString::fromLatin1(measure(MeasureId::PulsePressure).exchangeName));
+  return std::any_of(columns.begin(), columns.end(), [place](const FileColumn& column) {
+    return column.role == Role::Value && column.place == place;
+  });
+}
+
+ParsedFile parseDays(const QByteArray& file, const FileChoices& choices) {
+  const std::optional<QByteArray> text = utf8Of(file);
+  if (!text) return {.faults = {{0, {}, QStringLiteral("is no text in UTF-8, UTF-16 or Windows-1252")}}};
+  return DayParser(*text, choices).parse();
 }
 
 QByteArray csvOf(const std::vector<ExchangeDay>& days) {
@@ -189,6 +351,10 @@ QByteArray csvOf(const std::vector<ExchangeDay>& days) {
     writer.endRow();
   }
   return writer.bytes();
+}
+
+QString exchangedText(size_t place, double value) {
+  return textOf(value, exchangeColumns()[place]).toString();
 }
 
 QString faultText(const ParseFault& fault) {

@@ -14,17 +14,26 @@ namespace sanovia {
 using ExchangeProgress = std::function<void(qint64 done, qint64 total)>;
 
 struct ExchangeOptions {
+  enum class Format : quint8 { Csv, Fhir };
+
   ExchangeProgress progress = {};
   // How long to wait for another program to release the diary, in milliseconds.
   int patience = 2000;
+  // Of an export: how it is written, and whether it says whose diary it is.
+  Format format = Format::Csv;
+  bool withPerson = false;
+  // Its first and last day, "yyyy-MM-dd", each where it is not empty.
+  QString from = {};
+  QString to = {};
+  // As of writeWhole().
+  int streamPatience = -1;
 };
 
 struct ExchangeReport {
   // The path of the diary.
   QString diary;
-  // Days with at least one value on import, lines after the header on export.
   qint64 days = 0;
-  // Rows of the diary that an export left out because their date is no day.
+  // Rows of the diary that were left out because their date is no day.
   qint64 rowsWithoutDay = 0;
 };
 

@@ -97,11 +97,15 @@ void OwnFiles::makePrivateFolder(const QString& path) {
 
 void OwnFiles::keepPrivate() {
   constexpr mode_t ownFolder = 0700;
-  constexpr mode_t own = 0600;
   for (const QString& folder :
        {Paths::dataFolder(), Paths::backupFolder(), QFileInfo(Paths::settingsFile()).path()})
     tighten(folder, ownFolder);
-  for (const OwnFile& file : ownFiles()) tighten(file.path, own);
+  for (const OwnFile& file : ownFiles()) keepPrivate(file.path);
+}
+
+void OwnFiles::keepPrivate(const QString& file) {
+  constexpr mode_t own = 0600;
+  tighten(file, own);
 }
 
 }  // namespace sanovia

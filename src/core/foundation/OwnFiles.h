@@ -22,6 +22,8 @@ class OwnFiles {
   // Takes from everybody else the leave to read and write the folders of diary and settings and the files in
   // them, where they are this user's. Nothing is given.
   static void keepPrivate();
+  // The same of one file.
+  static void keepPrivate(const QString& file);
 };
 
 }  // namespace sanovia

@@ -124,6 +124,7 @@ void SettingsStore::setIntegers(const QString& key, const QList<qint64>& values)
 
 void SettingsStore::synchronize() {
   _settings->sync();
+  OwnFiles::keepPrivate(_file);
   if (_settings->status() != QSettings::NoError)
     logLine(QStringLiteral("Failed to synchronize the settings, status = %1").arg(_settings->status()));
 }

@@ -75,6 +75,20 @@ struct ReportPlace {
   double headingRaised = 0;  // above the headings of the other columns
 };
 
+// Values outside are no slips that the field must refuse, but nobody has them either: a person is asked, and
+// a file in which another unit explains them is refused.
+struct PlausibleRange {
+  double low = 0, high = 0;
+  const char* source = "";  // for engineers
+};
+
+// The name of a measure between clinics: its code and words in LOINC. Without a code the words alone stand for
+// it.
+struct ClinicalName {
+  const char* loinc = "";
+  const char* words = "";
+};
+
 struct Measure {
   // How a value is shown.
   enum class Display : quint8 { OneDecimal, Integer, WellbeingWord, AppetiteWord };
@@ -92,12 +106,14 @@ struct Measure {
   // What the field can hold, both limits included. A negative number would be taken for "not entered"; only
   // the pulse pressure may go below 0.
   double holdsFrom, holdsTo;
+  PlausibleRange plausible;
   // The name in files that are exchanged with other programs, and what the prompt's help says of it; empty
   // when it is not exchanged.
   const char* exchangeName;
   const char* meaning;
   // The stored unit in the Unified Code for Units of Measure; empty for a word.
   const char* ucum = "";
+  ClinicalName clinical;
 
   Display display;
   Unit unit;

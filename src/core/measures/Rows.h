@@ -18,6 +18,11 @@ inline constexpr double kAnyInteger = std::numeric_limits<qint32>::max();
 inline constexpr double kLeastInteger = std::numeric_limits<qint32>::min();
 inline constexpr double kAnySingle = std::numeric_limits<float>::max();
 inline constexpr char kLaboratory[] = "usual reference range of adults";
+inline constexpr char kThermometers[] =
+    "clinical thermometers (ISO 80601-2-56: 34 to 43 degrees) and deep hypothermia";
+inline constexpr char kScaleOfWords[] = "the words that there are";
+inline constexpr char kCuffs[] = "measuring range of automatic sphygmomanometers";
+inline constexpr char kAnalysers[] = "from the lowest values survived to the highest of severe disease";
 
 // From the norm of the temperature to a limit, in single precision as it is drawn.
 constexpr double halfWay(double limit) {
@@ -31,7 +36,9 @@ constexpr double halfWay(double limit) {
 inline constexpr Measure kMeasures[] = {
   {.id = MeasureId::Temperature, .recordType = RecordType::general,
    .column = "temperature", .member = &General::temperature, .holdsFrom = 0, .holdsTo = kAnySingle,
+   .plausible = {30, 45, kThermometers},
    .exchangeName = "temperature", .meaning = "degrees Celsius", .ucum = "Cel",
+   .clinical = {"8310-5", "Body temperature"},
    .display = Display::OneDecimal, .unit = Unit::Temperature, .titleKey = "temperature", .chartTitleKey = "temperature",
    .unitKey = "", .imageStem = "Temperature", .tableShare = 0.16F, .tableShareWithoutIndex = 0.20F,
    .entry = EntryRule{35, 41, 0.1F, Start::Fixed, 36.6F, 36.6, 36.6, 41, 35, 0.1},
@@ -40,7 +47,9 @@ inline constexpr Measure kMeasures[] = {
    .report = {.height = 110, .band = 65}},
   {.id = MeasureId::Wellbeing, .recordType = RecordType::general,
    .column = "wellbeing", .member = &General::wellbeing, .holdsFrom = 0, .holdsTo = 3,
+   .plausible = {0, 3, kScaleOfWords},
    .exchangeName = "wellbeing", .meaning = "0 (worst) to 3 (best)",
+   .clinical = {"", "Well-being, from 0 (worst) to 3 (best)"},
    .display = Display::WellbeingWord, .unit = Unit::Fixed, .titleKey = "wb", .chartTitleKey = "well-being",
    .unitKey = "", .imageStem = "WellBeing", .tableShare = 0.20F, .tableShareWithoutIndex = 0.20F,
    .entry = EntryRule{0, 3, 1, Start::Fixed, 1, 2, 0, 3, 0, 1},
@@ -49,7 +58,9 @@ inline constexpr Measure kMeasures[] = {
    .report = {.height = 80, .band = 40}},
   {.id = MeasureId::Appetite, .recordType = RecordType::general,
    .column = "appetite", .member = &General::appetite, .holdsFrom = 0, .holdsTo = 1,
+   .plausible = {0, 1, kScaleOfWords},
    .exchangeName = "appetite", .meaning = "0 (poor) or 1 (good)",
+   .clinical = {"", "Appetite, 0 (poor) or 1 (good)"},
    .display = Display::AppetiteWord, .unit = Unit::Fixed, .titleKey = "appetite", .chartTitleKey = "appetite",
    .unitKey = "", .imageStem = "Appetite", .tableShare = 0.16F, .tableShareWithoutIndex = 0.20F,
    .entry = EntryRule{0, 1, 1, Start::Fixed, 1, 1, 0, 1, 0, 1},
@@ -58,7 +69,9 @@ inline constexpr Measure kMeasures[] = {
    .report = {.height = 60, .band = 20}},
   {.id = MeasureId::Weight, .recordType = RecordType::general,
    .column = "weight", .member = &General::weight, .holdsFrom = 0, .holdsTo = kAnySingle,
+   .plausible = {2, 400, "from newborns to the largest scales of hospitals"},
    .exchangeName = "weight", .meaning = "kilograms", .ucum = "kg",
+   .clinical = {"29463-7", "Body weight"},
    .display = Display::OneDecimal, .unit = Unit::Weight, .titleKey = "weight", .chartTitleKey = "weight",
    .unitKey = "", .imageStem = "Weight", .tableShare = 0.16F, .tableShareWithoutIndex = 0.20F,
    .entry = EntryRule{10, 200, 0.2F, Start::NormalWeight, 60, 70, 70, 200, 10, 0.1},
@@ -67,7 +80,9 @@ inline constexpr Measure kMeasures[] = {
    .report = {.height = 90, .band = 45}},
   {.id = MeasureId::BodyMassIndex, .recordType = RecordType::general,
    .column = "", .member = {}, .holdsFrom = 0, .holdsTo = 0,
+   .plausible = {},
    .exchangeName = "", .meaning = "", .ucum = "kg/m2",
+   .clinical = {"39156-5", "Body mass index (BMI) [Ratio]"},
    .display = Display::OneDecimal, .unit = Unit::Fixed, .titleKey = "bmi", .chartTitleKey = "bmi",
    .unitKey = "unit_bmi", .imageStem = "BMI", .tableShare = 0.16F, .tableShareWithoutIndex = 0,
    .entry = {},
@@ -77,7 +92,9 @@ inline constexpr Measure kMeasures[] = {
 
   {.id = MeasureId::Systolic, .recordType = RecordType::pressure,
    .column = "systolic", .member = &Pressure::systolic, .holdsFrom = 0, .holdsTo = kAnyInteger,
+   .plausible = {40, 300, kCuffs},
    .exchangeName = "systolic", .meaning = "mmHg, whole number", .ucum = "mm[Hg]",
+   .clinical = {"8480-6", "Systolic blood pressure"},
    .display = Display::Integer, .unit = Unit::Fixed, .titleKey = "systolic", .chartTitleKey = "systolic",
    .unitKey = "unit_mmHg", .imageStem = "Systolic", .tableShare = 0.20F, .tableShareWithoutIndex = 0.20F,
    .entry = EntryRule{70, 200, 1, Start::NormOfThePerson, 0, 120, 120, 150, 90, 1},
@@ -86,7 +103,9 @@ inline constexpr Measure kMeasures[] = {
    .report = {.height = 90, .band = 45}},
   {.id = MeasureId::Diastolic, .recordType = RecordType::pressure,
    .column = "diastolic", .member = &Pressure::diastolic, .holdsFrom = 0, .holdsTo = kAnyInteger,
+   .plausible = {20, 200, kCuffs},
    .exchangeName = "diastolic", .meaning = "mmHg, whole number", .ucum = "mm[Hg]",
+   .clinical = {"8462-4", "Diastolic blood pressure"},
    .display = Display::Integer, .unit = Unit::Fixed, .titleKey = "diastolic", .chartTitleKey = "diastolic",
    .unitKey = "unit_mmHg", .imageStem = "Diastolic", .tableShare = 0.20F, .tableShareWithoutIndex = 0.20F,
    .entry = EntryRule{40, 120, 1, Start::NormOfThePerson, 0, 80, 80, 90, 60, 1},
@@ -95,7 +114,9 @@ inline constexpr Measure kMeasures[] = {
    .report = {.height = 90, .band = 45}},
   {.id = MeasureId::Pulse, .recordType = RecordType::pressure,
    .column = "pulse", .member = &Pressure::pulse, .holdsFrom = 0, .holdsTo = kAnyInteger,
+   .plausible = {20, 300, "from deep rest of athletes to the fastest tachycardia of infants"},
    .exchangeName = "pulse", .meaning = "beats a minute, whole number", .ucum = "/min",
+   .clinical = {"8867-4", "Heart rate"},
    .display = Display::Integer, .unit = Unit::Fixed, .titleKey = "pulse", .chartTitleKey = "pulse",
    .unitKey = "unit_pulse", .imageStem = "Pulse", .tableShare = 0.20F, .tableShareWithoutIndex = 0.20F,
    .entry = EntryRule{30, 220, 1, Start::NormOfThePerson, 0, 70, 70, 80, 60, 1},
@@ -104,7 +125,9 @@ inline constexpr Measure kMeasures[] = {
    .report = {.height = 90, .band = 45}},
   {.id = MeasureId::PulsePressure, .recordType = RecordType::pressure,
    .column = "ppressure", .member = &Pressure::ppressure, .holdsFrom = kLeastInteger, .holdsTo = kAnyInteger,
+   .plausible = {1, 200, "difference of two plausible pressures"},
    .exchangeName = "ppressure", .meaning = "pulse pressure: mmHg, whole number, may be below 0 but not -1", .ucum = "mm[Hg]",
+   .clinical = {"", "Pulse pressure"},
    .display = Display::Integer, .unit = Unit::Fixed, .titleKey = "ppulse", .chartTitleKey = "ppulse",
    .unitKey = "unit_mmHg", .imageStem = "PulsePressure", .tableShare = 0.20F, .tableShareWithoutIndex = 0.20F,
    .entry = {},
@@ -114,7 +137,9 @@ inline constexpr Measure kMeasures[] = {
 
   {.id = MeasureId::Hemoglobin, .recordType = RecordType::blood,
    .column = "hemoglobin", .member = &Blood::hemoglobin, .holdsFrom = 0, .holdsTo = kAnySingle,
+   .plausible = {2, 25, kAnalysers},
    .exchangeName = "hemoglobin", .meaning = "g/dl", .ucum = "g/dL",
+   .clinical = {"718-7", "Hemoglobin [Mass/volume] in Blood"},
    .display = Display::OneDecimal, .unit = Unit::Fixed, .titleKey = "hemoglobin", .chartTitleKey = "hemoglobin",
    .unitKey = "unit_g_dl", .imageStem = "Hemohlobin", .tableShare = 0.25F, .tableShareWithoutIndex = 0.25F,
    .entry = EntryRule{7, 16, 0.1F, Start::Fixed, 13, 13, 13, 16, 7, 0.1},
@@ -123,7 +148,9 @@ inline constexpr Measure kMeasures[] = {
    .report = {.height = 90, .band = 45}},
   {.id = MeasureId::Crp, .recordType = RecordType::blood,
    .column = "crp", .member = &Blood::crp, .holdsFrom = 0, .holdsTo = kAnySingle,
+   .plausible = {0, 60, kAnalysers},
    .exchangeName = "crp", .meaning = "C-reactive protein: mg/dl", .ucum = "mg/dL",
+   .clinical = {"1988-5", "C reactive protein [Mass/volume] in Serum or Plasma"},
    .display = Display::OneDecimal, .unit = Unit::Fixed, .titleKey = "cprText", .chartTitleKey = "cprText",
    .unitKey = "unit_mg_dl", .imageStem = "CRP", .tableShare = 0.15F, .tableShareWithoutIndex = 0.15F,
    .entry = EntryRule{0, 5, 0.1F, Start::Fixed, 0.5F, 0.5, 0.5, 5, 0, 0.1},
@@ -132,7 +159,9 @@ inline constexpr Measure kMeasures[] = {
    .report = {.height = 90, .band = 45}},
   {.id = MeasureId::Esr, .recordType = RecordType::blood,
    .column = "esp", .member = &Blood::esp, .holdsFrom = 0, .holdsTo = kAnySingle,
+   .plausible = {0, 150, kAnalysers},
    .exchangeName = "esr", .meaning = "erythrocyte sedimentation rate: mm/h", .ucum = "mm/h",
+   .clinical = {"4537-7", "Erythrocyte sedimentation rate"},
    .display = Display::OneDecimal, .unit = Unit::Fixed, .titleKey = "espText", .chartTitleKey = "espText",
    .unitKey = "unit_mm_h", .imageStem = "ESR", .tableShare = 0.15F, .tableShareWithoutIndex = 0.15F,
    .entry = EntryRule{0, 50, 0.1F, Start::Fixed, 22.5F, 22.5, 22.5, 50, 0, 0.1},
@@ -141,7 +170,9 @@ inline constexpr Measure kMeasures[] = {
    .report = {.height = 90, .band = 45}},
   {.id = MeasureId::Albumin, .recordType = RecordType::blood,
    .column = "albumin", .member = &Blood::albumin, .holdsFrom = 0, .holdsTo = kAnySingle,
+   .plausible = {0.5, 8, kAnalysers},
    .exchangeName = "albumin", .meaning = "g/dl", .ucum = "g/dL",
+   .clinical = {"1751-7", "Albumin [Mass/volume] in Serum or Plasma"},
    .display = Display::OneDecimal, .unit = Unit::Fixed, .titleKey = "albuminText", .chartTitleKey = "albuminText",
    .unitKey = "unit_g_dl", .imageStem = "Albumin", .tableShare = 0.15F, .tableShareWithoutIndex = 0.15F,
    .entry = EntryRule{2, 7, 0.1F, Start::Fixed, 4.4F, 4.4, 4.4, 7, 2, 0.1},
@@ -150,7 +181,9 @@ inline constexpr Measure kMeasures[] = {
    .report = {.height = 90, .band = 45}},
   {.id = MeasureId::Leukocytes, .recordType = RecordType::blood,
    .column = "wbc", .member = &Blood::wbc, .holdsFrom = 0, .holdsTo = kAnySingle,
+   .plausible = {0.1, 500, kAnalysers},
    .exchangeName = "wbc", .meaning = "white blood cells: thousands per microlitre", .ucum = "10*3/uL",
+   .clinical = {"6690-2", "Leukocytes [#/volume] in Blood by Automated count"},
    .display = Display::OneDecimal, .unit = Unit::Fixed, .titleKey = "wbcText", .chartTitleKey = "wbcText",
    .unitKey = "unit_wbc", .imageStem = "WBC", .tableShare = 0.15F, .tableShareWithoutIndex = 0.15F,
    .entry = EntryRule{3, 20, 0.1F, Start::Fixed, 7, 7, 7, 20, 3, 0.1},
@@ -199,7 +232,13 @@ static_assert(all([](const Measure& row) {
          isStored(row) == (row.holdsFrom < row.holdsTo) && row.chartHeight > 0 &&
          row.report.band < row.report.height;
 }));
-static_assert(all([](const Measure& row) { return isOfWords(row) != isText(row.ucum); }));
+static_assert(unique([](const Measure& row) { return row.clinical.loinc; }));
+static_assert(all([](const Measure& row) {
+  const PlausibleRange& range = row.plausible;
+  return isText(row.clinical.words) && isStored(row) == isText(range.source) &&
+         (!isStored(row) ||
+          (row.holdsFrom <= range.low && range.low < range.high && range.high <= row.holdsTo));
+}));
 static_assert(all([](const Measure& row) {
   if (!row.entry) return true;
   const EntryRule& rule = *row.entry;
