@@ -167,7 +167,7 @@ bool AppDelegate::takesKey(QWidget* widget, const QKeyEvent& key) {
   }
   const bool isPicking = _calendarPopover != nullptr && _calendarPopover->isVisible();
   if (key.key() != Qt::Key_Escape || widget->window() != _window.get() || isPicking ||
-      !_editView->canAnimate())
+      _editView->isTyping() || !_editView->canAnimate())
     return false;
   _editView->animate();
   return true;

@@ -1,6 +1,7 @@
 // From the table and the charts into the panel and back, in the real window.
 #include "support/LaunchedHome.h"
 #include "ui/controls/BaseColoredButton.h"
+#include "ui/controls/WhiteSlider.h"
 
 namespace sanovia::test {
 namespace {
@@ -34,6 +35,38 @@ TEST_F(Entry, TakesAValueAndShowsItInTheTable) {
 }
 
 // The record leaves the lists, or another view shows: a panel that is open, or still rising, takes no more.
+TEST_F(Entry, TakesTypedNumbersOrAsksOrGivesThemUp) {
+  ui().miPressure->trigger();
+  editRow(0);
+  ASSERT_TRUE(waitForPanel(true));
+  const auto type = [this](const char* keys, Qt::Key end) {
+    for (const char* key = keys; *key != '\0'; ++key)
+      QTest::keyClick(delegate->window()->focusWidget(), *key);
+    QTest::keyClick(delegate->window()->focusWidget(), end);
+  };
+  const auto stored = [this] {
+    return query(u"SELECT systolic||' '||diastolic||' '||pulse||' '||ppressure FROM pressure"_s).join(u';');
+  };
+  panel().sliderOf(1)->setFocus();
+  type("215", Qt::Key_Tab);
+  EXPECT_EQ(delegate->window()->focusWidget(), panel().sliderOf(2));
+  EXPECT_EQ(panel().sliderOf(1)->tick(), 130) << "the knob is at its end";
+  type("90", Qt::Key_Return);
+  EXPECT_EQ(stored(), u"215 90 -1 125"_s);
+  type("500", Qt::Key_Return);
+  EXPECT_EQ(stored(), u"215 90 -1 125"_s) << "asks first";
+  QTest::keyClick(delegate->window()->focusWidget(), Qt::Key_Return);
+  EXPECT_EQ(stored(), u"215 500 -1 -285"_s);
+  type("70", Qt::Key_Escape);
+  EXPECT_TRUE(panel().opened() && !panel().isAnimating()) << "Escape gives up the field and not the panel";
+  type("85", Qt::Key_0);
+  panel().sliderOf(3)->setFocus();
+  EXPECT_EQ(stored(), u"215 500 -1 -285"_s) << "what would be asked about is given up";
+  type("6", Qt::Key_2);
+  ui().miBlood->trigger();
+  EXPECT_EQ(stored(), u"215 500 62 -285"_s) << "a good number stays when the day goes";
+}
+
 TEST_F(Entry, ShutsThePanelBeforeItsDayGoesOrTheViewChanges) {
   const std::function<void()> changes[] = {
       [this] { delegate->saveStartDate(at("2026-11-10T00:00:00")); },

@@ -4,6 +4,7 @@
 #include "core/localisation/Language.h"
 #include "core/measures/EntryRules.h"
 #include "core/measures/Norms.h"
+#include "core/measures/TypedValue.h"
 #include "core/measures/ValueText.h"
 #include "support/TestHome.h"
 
@@ -154,6 +155,54 @@ std::vector<DayValue> days(std::initializer_list<double> values) {
 void expectScale(const Scale& scale, float low, float high) {
   EXPECT_NEAR(scale.low, low, 1e-3F);
   EXPECT_NEAR(scale.high, high, 1e-3F);
+}
+
+TEST_F(Measures, ATypedTextIsTakenAskedAboutOrRefused) {
+  using enum TypedValue::Fate;
+  Language::setLanguage(u"de"_s);
+  settings.userMeasure.store(u"Metric"_s);
+  const struct {
+    const char* column;
+    const char* text;
+    TypedValue::Fate fate;
+    double stored;
+  } cases[] = {{"systolic", "215", Good, 215},
+               {"systolic", "1299", Implausible, 1299},
+               {"systolic", "128.5", NotWhole, 0},
+               {"systolic", "-1", TooLow, 0},
+               {"systolic", "1e2", NoNumber, 0},
+               {"systolic", "3000000000", TooHigh, 0},
+               {"hemoglobin", " 17,2 ", Good, 17.2},
+               {"temperature", "36.65", Good, 36.65},
+               {"temperature", "98,6", Implausible, 98.6},
+               {"temperature", "", Nothing, 0},
+               {"wellbeing", "3", Good, 3},
+               {"wellbeing", "4", TooHigh, 0},
+               {"wellbeing", "g", Good, 2},
+               {"wellbeing", "s", NoNumber, 0},
+               {"wellbeing", "SC", Good, 0},
+               {"appetite", "gut!", NoNumber, 0}};
+  for (const auto& [column, text, fate, stored] : cases) {
+    const TypedValue typed = typedValue(*Entry(column).measure, QString::fromLatin1(text));
+    EXPECT_EQ(typed.fate, fate) << column << ' ' << text;
+    EXPECT_EQ(typed.stored, fate == Good || fate == Implausible ? stored : typed.stored)
+        << column << ' ' << text;
+    EXPECT_EQ(typedHint(*Entry(column).measure, fate).isEmpty(), fate == Good || fate == Nothing);
+  }
+  settings.userMeasure.store(u"US"_s);
+  EXPECT_EQ(typedValue(*Entry("temperature").measure, u"98.6"_s).stored, 37.0);
+  EXPECT_EQ(typedValue(*Entry("temperature").measure, u"36.6"_s).fate, Implausible);
+  EXPECT_EQ(typedHint(*Entry("temperature").measure, TooLow), u"Mindestens 32"_s);
+
+  Pressure pressure;
+  pressure.systolic = 120;
+  pressure.diastolic = 80;
+  const RecordRef record = std::make_shared<Pressure>(pressure);
+  enterTypedValue(*Entry("systolic").measure, record, 215);
+  const Measure& difference = measure(MeasureId::PulsePressure);
+  EXPECT_EQ(storedValue(difference, record), 135);
+  takeBackValue(*Entry("diastolic").measure, record);
+  EXPECT_EQ(storedValue(difference, record), std::nullopt);
 }
 
 TEST_F(Measures, ScalesFollowTheDays) {

@@ -15,6 +15,7 @@
 #include "ui/charts/Property.h"
 #include "ui/controls/StepButton.h"
 #include "ui/controls/WhiteSlider.h"
+#include "ui/entry/ClearMark.h"
 #include "ui/entry/DayCellDelegate.h"
 #include "ui/entry/EditAnimationView.h"
 #include "ui/entry/IconHeader.h"
@@ -145,6 +146,20 @@ TEST_F(EditPanel, ScrollsWhereItIsLowAndBringsWhatHasTheKeyboardIntoSight) {
     control->setFocus();
     EXPECT_TRUE(panel.rect().contains(control->geometry()));
   }
+}
+
+TEST_F(EditPanel, TakesValuesBackByKeyAndMark) {
+  show(RecordType::blood);
+  panel.buttonPressed(601);
+  EXPECT_FALSE(panel.clearMarkOf(1)->isHidden());
+  EXPECT_TRUE(panel.clearMarkOf(2)->isHidden());
+  panel.clearMarkOf(1)->click();
+  EXPECT_EQ(query(u"SELECT hemoglobin FROM blood"_s), texts({"-1.0"}));
+  EXPECT_EQ(panel.stringOfData(1), QString());
+  panel.buttonPressed(602);
+  panel.sliderOf(2)->setFocus();
+  QTest::keyClick(panel.sliderOf(2), Qt::Key_Delete);
+  EXPECT_EQ(query(u"SELECT crp FROM blood"_s), texts({"-1.0"}));
 }
 
 TEST_F(EditPanel, ShowsTheValueLineInItsOwnWords) {

@@ -78,8 +78,17 @@ int nearestTick(const ChartValue& slider, float value) {
 }
 
 void enterSliderValue(const Measure& measure, const RecordRef& record, float value) {
-  setStoredValue(measure, record, static_cast<double>(value));
+  enterTypedValue(measure, record, static_cast<double>(value));
+}
+
+void enterTypedValue(const Measure& measure, const RecordRef& record, double value) {
+  setStoredValue(measure, record, value);
   if (isPressure(measure)) derivePulsePressure(record);
+}
+
+void takeBackValue(const Measure& measure, const RecordRef& record) {
+  setStoredValue(measure, record, kNotEntered);
+  if (isPressure(measure)) setStoredValue(sanovia::measure(MeasureId::PulsePressure), record, kNotEntered);
 }
 
 void enterStep(const Measure& measure, const RecordRef& record, bool plus) {

@@ -30,6 +30,14 @@ int nearestTick(const ChartValue& slider, float value);
 // both pressures are known. Nothing is stored.
 void enterSliderValue(const Measure& measure, const RecordRef& record, float value);
 
+// Sets the measure to a value that was typed; the pulse pressure follows as with the slider. Nothing is
+// stored.
+void enterTypedValue(const Measure& measure, const RecordRef& record, double value);
+
+// Makes the value one that was never entered; a pulse pressure goes with either of its two. Nothing is
+// stored.
+void takeBackValue(const Measure& measure, const RecordRef& record);
+
 // Sets the measure as a press on its plus or minus button does: an unset one takes its seed, a set one takes
 // a step while it lies within the button's limit, and stops at that limit. The pulse pressure follows even
 // when nothing else moves. Nothing is stored.

@@ -67,6 +67,19 @@ double shownValue(double stored, Measure::Unit unit, bool isMetric) {
                                             : stored * kPoundsPerKilogram;
 }
 
+double storedNumber(double shown, Measure::Unit unit) {
+  if (unit == Measure::Unit::Fixed || Preferences::isMetric()) return shown;
+  return unit == Measure::Unit::Temperature ? (shown - kFahrenheitAtFreezing) / kFahrenheitPerCelsius
+                                            : shown / kPoundsPerKilogram;
+}
+
+// The list of well-being runs from the best word to the worst.
+QString wordOf(const Measure& measure, qint64 stored) {
+  return measure.display == Measure::Display::WellbeingWord
+             ? Language::entryForKey(QStringLiteral("general_array1"), kBestWellbeing - stored)
+             : Language::entryForKey(QStringLiteral("fistula_array"), stored);
+}
+
 bool isShownAsNumber(const Measure& measure) {
   return measure.display == Measure::Display::OneDecimal || measure.display == Measure::Display::Integer;
 }
@@ -87,10 +100,8 @@ QString valueText(const Measure& measure, const RecordRef& record) {
   switch (measure.display) {
     case Measure::Display::OneDecimal: return oneDecimal(shownValue(*value, measure.unit));
     case Measure::Display::Integer: return QString::number(whole);
-    // The list runs from the best word to the worst.
     case Measure::Display::WellbeingWord:
-      return Language::entryForKey(QStringLiteral("general_array1"), kBestWellbeing - whole);
-    case Measure::Display::AppetiteWord: return Language::entryForKey(QStringLiteral("fistula_array"), whole);
+    case Measure::Display::AppetiteWord: return wordOf(measure, whole);
   }
   return {};
 }

@@ -24,6 +24,12 @@ double shownValue(double stored, Measure::Unit unit, bool isMetric);
 bool isShownAsNumber(const Measure& measure);
 double leastShownStep(const Measure& measure);
 
+// And back.
+double storedNumber(double shown, Measure::Unit unit);
+
+// The word of a stored value of a measure that is shown as words; a null string for a number without one.
+QString wordOf(const Measure& measure, qint64 stored);
+
 // The day's value in stored units, stored or computed with the height of the preferences; nothing when there
 // is none.
 std::optional<double> dayValue(const Measure& measure, const RecordRef& record);

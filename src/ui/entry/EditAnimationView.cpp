@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QHelpEvent>
-#include <QKeyEvent>
 #include <QScrollBar>
 #include <QToolTip>
 
@@ -10,6 +9,7 @@
 
 #include "core/dates/Utils.h"
 #include "core/foundation/NotificationCenter.h"
+#include "core/foundation/TextFormat.h"
 #include "core/localisation/Language.h"
 #include "core/measures/EntryRules.h"
 #include "core/measures/ValueText.h"
@@ -18,6 +18,7 @@
 #include "ui/controls/Scroller.h"
 #include "ui/controls/StepButton.h"
 #include "ui/controls/WhiteSlider.h"
+#include "ui/entry/ClearMark.h"
 
 namespace sanovia {
 namespace {
@@ -50,6 +51,7 @@ EditAnimationView::EditAnimationView(QWidget* parent)
   });
   connect(qApp, &QApplication::focusChanged, this,
           [this](const QWidget* /*old*/, const QWidget* now) { reveal(now); });
+  makeTyping();
   setMovement(Up);
   _closeButton = makeButton<BaseColoredButton>(this, QStringLiteral("Cancel"));
   _closeSize = NamedImage::named(QStringLiteral("Clear-off")).size();
@@ -85,6 +87,7 @@ const Measure* EditAnimationView::measureOf(qint64 column) const {
 }
 
 void EditAnimationView::setType(qint64 type) {
+  finishTyping();
   if (type != _type) _data = {};
   _type = type;
   qDeleteAll(_sliders);
@@ -98,6 +101,7 @@ void EditAnimationView::setType(qint64 type) {
     _sliders[column]->show();
     connect(_sliders[column], &WhiteSlider::moved, this, [this, column] { sliderChanged(column); });
   }
+  makeClearMarks();
   for (int field = 1; field <= fieldCount(); ++field)
     for (const int tag : {_btnID + field, _btnID + kMinusOffset + field})
       buttonOf(tag)->setVisible(sliderOf(field) != nullptr);
@@ -107,8 +111,10 @@ void EditAnimationView::setType(qint64 type) {
 }
 
 void EditAnimationView::setData(const RecordRef& record) {
+  finishTyping();
   _data = record;
   for (int column = 1; column < _sliders.size(); ++column) loadSlider(column);
+  placeClearMarks();
   nameControls();
   update();
 }
@@ -171,9 +177,7 @@ void EditAnimationView::buttonPressed(int tag) {
   const bool isPlus = number < kMinusOffset;
   const Measure* measure = measureOf(isPlus ? number : number - kMinusOffset);
   if (measure != nullptr) enterStep(*measure, _data, isPlus);
-  store(_data);
-  for (int column = 1; column < _sliders.size(); ++column) loadSlider(column);
-  valueChanged();
+  changed();
 }
 
 void EditAnimationView::buttonClose() { animate(); }
@@ -182,11 +186,7 @@ void EditAnimationView::valueChanged() {
   update(QRectF(panel::kValueStrip.topLeft(), QSizeF(width(), panel::kValueStrip.height()))
              .translated(0, -scrolled())
              .toAlignedRect());
-}
-
-void EditAnimationView::keyPressEvent(QKeyEvent* event) {
-  if (event->key() == Qt::Key_Escape && opened()) animate();
-  event->accept();  // no key of the panel reaches the views behind it
+  placeClearMarks();
 }
 
 QString EditAnimationView::tipAt(QPointF point) const {
@@ -247,6 +247,8 @@ void EditAnimationView::layoutControls() {
     buttonOf(_btnID + column)->move(place.plus.toPoint() + up);
     buttonOf(_btnID + kMinusOffset + column)->move(place.minus.toPoint() + up);
   }
+  placeField();
+  placeClearMarks();
   _closeButton->setGeometry(where.closeButton.toRect().translated(0, -scrolled()));
 }
 
@@ -275,6 +277,9 @@ void EditAnimationView::nameControls() {
     sliderOf(column)->setAccessibleName(titleWithUnit(*measure));
     buttonOf(_btnID + column)->setAccessibleName(field + QLatin1Char(' ') + word("plus"));
     buttonOf(_btnID + kMinusOffset + column)->setAccessibleName(field + QLatin1Char(' ') + word("minus"));
+    const QString clear = filled(word("clear_value"), field);
+    clearMarkOf(column)->setAccessibleName(clear);
+    clearMarkOf(column)->setToolTip(clear);
   }
   _closeButton->setAccessibleName(word("Close"));
   setAccessibleName(word("date") + QLatin1Char(' ') + dateText(_data));

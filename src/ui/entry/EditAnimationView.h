@@ -13,11 +13,14 @@
 #include "ui/entry/AnimationView.h"
 #include "ui/entry/EditPanelPlan.h"
 
+class QLabel;
 class QScrollBar;
 
 namespace sanovia {
 
 class BaseColoredButton;
+class ClearMark;
+class NumberField;
 class WhiteSlider;
 
 class EditAnimationView : public AnimationView, public DayEditor {
@@ -52,6 +55,16 @@ class EditAnimationView : public AnimationView, public DayEditor {
   BaseColoredButton* buttonOf(int tag) const;
   BaseColoredButton* closeButton() const { return _closeButton; }
 
+  // Opens the field in which the value of a column is typed, in the place of the value and with the value
+  // selected; nothing happens for a column without a slider and while the panel is not open.
+  void openField(int column);
+  bool isTyping() const { return _typedColumn != 0; }
+  NumberField* numberField() const { return _numberField; }
+  // Makes the value of a column one that was never entered.
+  void takeBack(int column);
+  // The cross beside a column's value, null for a column without a slider.
+  ClearMark* clearMarkOf(int column) const { return _clearMarks.value(column); }
+
   // What a tool tip over a title says: the title with its unit; empty elsewhere.
   QString tipAt(QPointF point) const;
 
@@ -68,6 +81,7 @@ class EditAnimationView : public AnimationView, public DayEditor {
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;
 
  private:
@@ -90,6 +104,23 @@ class EditAnimationView : public AnimationView, public DayEditor {
   void walkByTab();
   void valueChanged();
 
+  void makeTyping();
+  void makeClearMarks();
+  void placeClearMarks();
+  void placeField();
+  // Why what was typed is not taken; empty takes the hint away.
+  void showHint(const QString& hint);
+  void shutField(bool handsBack);
+  // Whether the text of a column's field is done with.
+  bool storeTyped(int column, const QString& text);
+  // Return, or Tab to the next or the last field.
+  void takeTyped(int next);
+  void finishTyping();
+  // Stores the record and shows what it holds now.
+  void changed();
+  // The column whose slider has the keyboard, 0 for none.
+  int focusedColumn() const;
+
   qint64 _type = RecordType::general;
   RecordRef _data;
   QVector<WhiteSlider*> _sliders;  // by column, null where there is none
@@ -98,6 +129,11 @@ class EditAnimationView : public AnimationView, public DayEditor {
   QVector<BaseColoredButton*> _buttons;
   BaseColoredButton* _closeButton;
   QScrollBar* _scroller;
+  QVector<ClearMark*> _clearMarks;  // by column, null where there is none
+  NumberField* _numberField = nullptr;
+  QLabel* _typedHint = nullptr;
+  int _typedColumn = 0;        // 0 while nothing is typed
+  bool _isConfirming = false;  // the next Return keeps what is not plausible
 };
 
 }  // namespace sanovia

@@ -16,7 +16,6 @@ namespace sanovia {
 namespace {
 
 constexpr int kFieldTitlePixels = 14;
-constexpr int kValuePixels = 17;
 constexpr double kSignWidth = 7;
 
 // A text whose upper edge is at y and whose middle is at x.
@@ -74,13 +73,14 @@ void EditAnimationView::paintField(QPainter& painter, const EditPanelPlan& where
   painter.fillRect(where.shadow, palette::darkTeal);
   painter.fillRect(where.redField, palette::red);
   painter.setPen(palette::white);
-  const QFont font = fonts::verdana(kValuePixels);
+  const QFont font = fonts::verdana(panel::kValuePixels);
   drawCentred(painter, font, where.closeButton.center().x(), where.closeCaptionTop,
               Language::stringForKey(QStringLiteral("Close")));
   if (opened() && isAnimating()) return;  // closing
   for (int i = 0; i < static_cast<int>(where.columns.size()); ++i)
-    drawCentred(painter, font, where.columns[static_cast<size_t>(i)].centre, panel::kValueTop,
-                stringOfData(i));
+    if (i == 0 || i != _typedColumn)
+      drawCentred(painter, font, where.columns[static_cast<size_t>(i)].centre, panel::kValueTop,
+                  stringOfData(i));
 }
 
 // A change of a value repaints the strip of values alone, which leaves the band above it out.

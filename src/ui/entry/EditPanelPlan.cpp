@@ -5,6 +5,13 @@
 namespace sanovia {
 namespace {
 
+constexpr int kFieldWidth = 110;
+constexpr int kFieldHeight = 32;
+constexpr int kFieldRise = 6;  // above the top of the value's text
+constexpr int kFieldGap = 6;
+constexpr int kHintWidth = 210;
+constexpr double kMarkGap = 3;
+
 constexpr double kIconRise = 10;   // above the band's middle
 constexpr double kNotchHalf = 20;  // half of its width, and its height
 constexpr double kSliderTop = 250;
@@ -61,6 +68,20 @@ EditPanelPlan editPanelPlan(QSizeF size, int columns, QSizeF icon, QSizeF closeI
              closeImage);
   plan.closeCaptionTop = plan.closeButton.bottom() + kCaptionBelow;
   return plan;
+}
+
+FieldPlan fieldPlan(double centre, int panelWidth, int columns) {
+  const int width = qMin(kFieldWidth, panelWidth / columns - kFieldGap);
+  const auto middle = static_cast<int>(centre);
+  FieldPlan plan;
+  plan.field = {middle - width / 2, static_cast<int>(panel::kValueTop) - kFieldRise, width, kFieldHeight};
+  const int left = qMax(kFieldGap, qMin(middle - kHintWidth / 2, panelWidth - kHintWidth - kFieldGap));
+  plan.hint = {left, plan.field.bottom() + 1 + kFieldGap, kHintWidth, kFieldHeight};
+  return plan;
+}
+
+QPointF clearMarkPlace(double centre, double textWidth, double textHeight, double side) {
+  return {centre + textWidth / 2 + kMarkGap, panel::kValueTop + (textHeight - side) / 2};
 }
 
 }  // namespace sanovia

@@ -19,6 +19,8 @@ inline constexpr double kShadow = 42.42640687119285;  // of the red field, to th
 inline constexpr int kLeastHeight = 560;              // a lower panel scrolls
 inline constexpr int kScrollStep = 40;
 inline constexpr double kButtonSize = 23;  // of a plus or minus button
+inline constexpr int kValuePixels = 17;    // of the value line's text
+inline constexpr int kHintPixels = 12;
 }  // namespace panel
 
 struct EditPanelColumn {
@@ -40,6 +42,16 @@ struct EditPanelPlan {
   QRectF closeButton;
   double closeCaptionTop;
 };
+
+// Where a value is typed, and the hint below it, which stays within the panel.
+struct FieldPlan {
+  QRect field;
+  QRect hint;  // as high as it needs to be
+};
+FieldPlan fieldPlan(double centre, int panelWidth, int columns);
+
+// The upper left corner of the mark at the right of a value's text.
+QPointF clearMarkPlace(double centre, double textWidth, double textHeight, double side);
 
 // For the size of the panel, of its icons and of the close button's image.
 EditPanelPlan editPanelPlan(QSizeF size, int columns, QSizeF icon, QSizeF closeImage);
