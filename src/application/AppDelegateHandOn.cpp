@@ -9,7 +9,6 @@
 #include "application/MainWindow.h"
 #include "application/WaitCursor.h"
 #include "core/dates/Utils.h"
-#include "core/foundation/Log.h"
 #include "core/foundation/WholeFile.h"
 #include "core/localisation/Language.h"
 #include "core/preferences/Preferences.h"
@@ -64,7 +63,7 @@ void AppDelegate::saveCharts() {
     const QString ending = QFileInfo(path).suffix().toLower();
     const QByteArray bytes = pictureBytes(*charts, heading, ending);
     if (bytes.isEmpty()) return;
-    if (const auto error = writeWhole(path, bytes)) logLine(error->text);
+    if (const auto error = writeWhole(path, bytes)) Asker::shared().tell(_window.get(), error->text);
   });
 }
 
