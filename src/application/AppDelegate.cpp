@@ -70,6 +70,7 @@ void AppDelegate::connectOutlets() {
   ui.dataView->setBeforeEditing([this] { noticeNewDay(); });
   connect(_editView, &AnimationView::moved, this, &AppDelegate::panelMoved);
   connect(_window->personButton(), &QAbstractButton::clicked, this, &AppDelegate::preferences);
+  connect(_window.get(), &MainWindow::fileDropped, this, &AppDelegate::importFrom);
   connect(_window.get(), &MainWindow::didResize, this, &AppDelegate::windowDidResize);
   connect(_window.get(), &MainWindow::willClose, this, &AppDelegate::windowWillClose);
 }

@@ -97,6 +97,11 @@ class AppDelegate : public QObject, public MLCalendarViewDelegate {
   // The selected row of the table, or all rows, as text; or the whole column of charts as a picture.
   void copy();
   void saveCharts();
+  // Asks for a file, which the import's sheet then shows; the one shows a file that is known.
+  void importFile();
+  void importFrom(const QString& path);
+  // Asks what is to be exported, and where to.
+  void exportFile();
   void preferences();
   void displayHelp();
   // Returns when the panel has closed.

@@ -65,6 +65,8 @@ constexpr Command kCommands[] = {
     {"copy", Rule::Always, [](AppDelegate& delegate, const QAction*) { delegate.copy(); }},
     {"saveCharts", Rule::WithOpenCharts,
      [](AppDelegate& delegate, const QAction*) { delegate.saveCharts(); }},
+    {"importFile", Rule::Always, [](AppDelegate& delegate, const QAction*) { delegate.importFile(); }},
+    {"exportFile", Rule::Always, [](AppDelegate& delegate, const QAction*) { delegate.exportFile(); }},
     {"displayHelp", Rule::Always, [](AppDelegate& delegate, const QAction*) { delegate.displayHelp(); }},
     {"registerApp", Rule::InTheTrialState,
      [](AppDelegate& delegate, const QAction*) { delegate.registerApp(); }},

@@ -104,6 +104,19 @@ class DialogAsker : public Asker {
     dialog->show();
   }
 
+  void askExistingFile(QWidget* window, const FileQuestion& question,
+                       std::function<void(const QString&)> answer) override {
+    auto* dialog = new QFileDialog(window, question.title,
+                                   QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setFileMode(QFileDialog::ExistingFile);
+    dialog->setNameFilters(filtersOf(QStringList(question.ending) + question.furtherEndings) +
+                           QStringList(QStringLiteral("* (*)")));
+    QObject::connect(dialog, &QFileDialog::fileSelected, window, std::move(answer));
+    dialog->setWindowModality(Qt::WindowModal);
+    dialog->show();
+  }
+
   void askPrinter(QWidget* window, std::function<void(const PrinterChoice&)> answer) override {
     auto printer = std::make_shared<QPrinter>();
     printer->setPageSize(PrintSettings::paperSize());

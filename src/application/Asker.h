@@ -50,6 +50,9 @@ class Asker {
   // Asks for a file as a sheet on the window. Replacing a file has been agreed to when the path comes.
   virtual void askFileName(QWidget* window, const FileQuestion& question,
                            std::function<void(const QString& path)> answer) = 0;
+  // Asks for a file that is there, of the question's endings; the name is not used.
+  virtual void askExistingFile(QWidget* window, const FileQuestion& question,
+                               std::function<void(const QString& path)> answer) = 0;
   // Asks for printer, copies and pages.
   virtual void askPrinter(QWidget* window, std::function<void(const PrinterChoice& choice)> answer) = 0;
   // Tells the person why what was asked for is not done; nobody waits for the answer.

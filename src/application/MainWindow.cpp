@@ -2,6 +2,7 @@
 
 #include <QCloseEvent>
 #include <QIcon>
+#include <QMimeData>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -30,6 +31,7 @@ const QString kPersonSheet = QStringLiteral(
 
 MainWindow::MainWindow() : _ui(std::make_unique<Ui::MainWindow>()) {
   _ui->setupUi(this);
+  setAcceptDrops(true);
   setWindowIcon(QIcon(QStringLiteral(":/images/Sanovia.svg")));
   for (QWidget* label : {_ui->dateFieldFrom, _ui->dateFieldTo, _ui->dateFieldInterval})
     label->setFont(fonts::system(kIntervalPixels));
@@ -42,6 +44,17 @@ MainWindow::MainWindow() : _ui(std::make_unique<Ui::MainWindow>()) {
 }
 
 MainWindow::~MainWindow() = default;
+
+// One file of this machine's.
+void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
+  const QList<QUrl> urls = event->mimeData()->urls();
+  if (urls.size() == 1 && urls.first().isLocalFile()) event->acceptProposedAction();
+}
+
+void MainWindow::dropEvent(QDropEvent* event) {
+  event->acceptProposedAction();
+  emit fileDropped(event->mimeData()->urls().value(0).toLocalFile());
+}
 
 void MainWindow::closeEvent(QCloseEvent* event) {
   emit willClose();

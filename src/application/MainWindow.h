@@ -31,10 +31,14 @@ class MainWindow : public QMainWindow {
  signals:
   void willClose();
   void didResize();
+  // Somebody let a file fall on the window.
+  void fileDropped(const QString& path);
 
  protected:
   void closeEvent(QCloseEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
+  void dragEnterEvent(QDragEnterEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
 
  private:
   void makeContentScroll();

@@ -96,6 +96,10 @@ class LaunchedHome : public TestHome {
       note(window, question.title + u'|' + question.proposedName + u'|' + question.ending);
       if (!home.answeredPath.isEmpty()) answer(home.answeredPath);
     }
+    void askExistingFile(QWidget* window, const FileQuestion& question,
+                         std::function<void(const QString&)> answer) override {
+      askFileName(window, question, std::move(answer));
+    }
     void askPrinter(QWidget* window, std::function<void(const PrinterChoice&)> answer) override {
       note(window, QStringLiteral("printer"));
       if (!home.answeredPrinter.isEmpty()) answer({.printer = home.answeredPrinter});

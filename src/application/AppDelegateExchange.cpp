@@ -1,0 +1,73 @@
+// The commands of AppDelegate that bring files of other programs in and write files for them.
+#include <QFileInfo>
+
+#include "application/AppDelegate.h"
+#include "application/Asker.h"
+#include "application/ExportSheet.h"
+#include "application/ImportSheet.h"
+#include "application/MainWindow.h"
+#include "application/WaitCursor.h"
+#include "core/dates/Utils.h"
+#include "core/exchange/DiaryExport.h"
+#include "core/foundation/TextFormat.h"
+#include "core/localisation/Language.h"
+#include "ui_MainWindow.h"
+
+namespace sanovia {
+namespace {
+
+constexpr int kExportPatience = 3000;  // milliseconds for a pipe that nobody reads
+
+QString dayText(const QDateTime& date) { return Utils::convertDate(date, Utils::databaseFormat()); }
+
+}  // namespace
+
+void AppDelegate::importFile() {
+  const FileQuestion question{.title = word("import_button"),
+                              .proposedName = {},
+                              .ending = QStringLiteral("csv"),
+                              .furtherEndings = {QStringLiteral("txt"), QStringLiteral("tsv")}};
+  Asker::shared().askExistingFile(_window.get(), question, [this](const QString& path) { importFrom(path); });
+}
+
+void AppDelegate::importFrom(const QString& path) {
+  const auto file = readWhole(path, kLargestImport);
+  if (std::holds_alternative<FileError>(file)) {
+    Asker::shared().tell(_window.get(), filled(word("import_unreadable"), QFileInfo(path).fileName()));
+    return;
+  }
+  auto* sheet = new ImportSheet(_window.get(), QFileInfo(path).fileName(), std::get<QByteArray>(file));
+  connect(sheet, &ImportSheet::imported, this, [this] {
+    const Ui::MainWindow& ui = _window->outlets();
+    closeEditPanel();  // its record is about to leave the lists
+    ui.chartsView->setDateFrom();
+    ui.dataView->updateData();
+    dataIsPresent();
+  });
+  sheet->open();
+}
+
+void AppDelegate::exportFile() {
+  auto* sheet = new ExportSheet(_window.get());
+  connect(sheet, &QDialog::accepted, this, [this, sheet] {
+    ExchangeOptions options{.withPerson = sheet->hasPerson(), .streamPatience = kExportPatience};
+    if (sheet->isFhir()) options.format = ExchangeOptions::Format::Fhir;
+    if (sheet->isIntervalOnly()) {
+      options.from = dayText(getStartDate());
+      options.to = dayText(getEndDate());
+    }
+    const FileQuestion question{.title = word("export_heading"),
+                                .proposedName = Language::stringForKey(QStringLiteral("Untitled")),
+                                .ending = sheet->isFhir() ? QStringLiteral("json") : QStringLiteral("csv")};
+    Asker::shared().askFileName(_window.get(), question, [this, options](const QString& path) {
+      if (!mayWriteTo(path)) return;
+      const WaitCursor waiting;
+      const ExchangeResult result = exportDiary(path, options);
+      if (const auto* error = std::get_if<FileError>(&result))
+        Asker::shared().tell(_window.get(), filled(word("export_failed"), error->text));
+    });
+  });
+  sheet->open();
+}
+
+}  // namespace sanovia
