@@ -17,5 +17,5 @@ export LANG=en_US.UTF-8 QT_QPA_PLATFORM=xcb QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1
 unset LC_ALL LANGUAGE
 "$1" &
 program=$!
-trap 'kill "$program" 2>/dev/null || true' EXIT
+trap 'kill "$program" 2>/dev/null || true; wait "$program" 2>/dev/null || true' EXIT
 /usr/bin/python3 "$here/walk.py"

@@ -108,6 +108,15 @@ check("a name for the edit button", lambda: table.queryTable().getAccessibleAt(0
 check("a date in the first row: " + newest, lambda: len(newest) == 10 and newest.count("/") == 2)
 table.queryTable().addRowSelection(2)
 check("the third row is selected", lambda: table.queryTable().isRowSelected(2))
+cell = table.queryTable().getAccessibleAt(1, 1)
+press(cell)
+slider = element(app, "Temperature, °F", lambda found: found.getRole() == pyatspi.ROLE_SLIDER and has(found, pyatspi.STATE_SHOWING))
+check("its day opens, and nothing is entered", lambda: slider.description == "not entered")
+press(element(app, "Temperature plus"))
+check("the press announces the new value", lambda: element(app, "Temperature plus").description == "97.9")
+check("the slider says it in the shown unit", lambda: slider.queryValue().currentValue == 97.9)
+press(element(app, "Close", lambda found: has(found, pyatspi.STATE_SHOWING)))
+check("the table shows it", lambda: table.queryTable().getAccessibleAt(1, 2).name == "97.9")
 
 # The calendar: it is in the tree while it is open, a day is picked, and the interval follows.
 press(element(app, "Start date"))

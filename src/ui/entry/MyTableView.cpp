@@ -9,6 +9,7 @@
 #include "ui/controls/FocusMark.h"
 #include "ui/controls/Scroller.h"
 #include "ui/entry/DayCellDelegate.h"
+#include "ui/entry/DayTableAccessible.h"
 #include "ui/entry/DayTableModel.h"
 #include "ui/entry/IconHeader.h"
 
@@ -21,6 +22,7 @@ constexpr int kHintMargin = 24;
 
 MyTableView::MyTableView(QWidget* parent)
     : QTableView(parent), _scroller(new QScrollBar(Qt::Vertical, this)) {
+  DayTableAccessible::install();
   QPalette colours = palette();
   colours.setColor(QPalette::Base, palette::teal);
   setPalette(colours);
