@@ -13,6 +13,7 @@
 #include "core/database/General.h"
 #include "core/database/Pressure.h"
 #include "core/diary/DateInterval.h"
+#include "core/diary/DayEntries.h"
 #include "core/foundation/NotificationCenter.h"
 #include "core/foundation/Settings.h"
 #include "core/licensing/Licensing.h"
@@ -66,8 +67,8 @@ void AppDelegate::connectOutlets() {
   ui.chartsView->setEditor(_editView);
   ui.dataView->setEditor(_editView);
   ui.toolsView->setEditor(_editView);
-  ui.chartsView->setBeforeEditing([this] { noticeNewDay(); });
-  ui.dataView->setBeforeEditing([this] { noticeNewDay(); });
+  ui.chartsView->setBeforeEditing([this] { lookAtDiary(); });
+  ui.dataView->setBeforeEditing([this] { lookAtDiary(); });
   connect(_editView, &AnimationView::moved, this, &AppDelegate::panelMoved);
   connect(_window->personButton(), &QAbstractButton::clicked, this, &AppDelegate::preferences);
   connect(_window.get(), &MainWindow::fileDropped, this, &AppDelegate::importFrom);
@@ -88,6 +89,7 @@ void AppDelegate::applicationWillFinishLaunching() {
 // A day that began meanwhile is noticed, and the view that shows has the keyboard, whoever had it before.
 void AppDelegate::panelMoved() {
   if (_editView->opened()) return;
+  DayEntries::shared().storePending();
   dataIsPresent();
   noticeNewDay();
   const bool isPicking = _calendarPopover != nullptr && _calendarPopover->isVisible();
@@ -128,6 +130,7 @@ void AppDelegate::storeForNextRun() {
 }
 
 void AppDelegate::storeShown() const {
+  DayEntries::shared().storePending(DayEntries::kLastPatience);
   const ToolsView* tools = _window->outlets().toolsView;
   settings.recordType.store(tools->type());
   settings.viewMode.store(tools->mode());
@@ -181,7 +184,9 @@ bool AppDelegate::intervalHoldsData() {
 
 void AppDelegate::dataIsPresent() {
   const Ui::MainWindow& ui = _window->outlets();
+  const qint64 failures = DBManager::sharedInstance().failures();
   const bool holdsData = intervalHoldsData();
+  if (DBManager::sharedInstance().failures() != failures) return;
   ui.reportOutlet->setEnabled(holdsData);
   for (QAction* item : {ui.miOpenReport, ui.miSaveReport, ui.miPrint}) item->setEnabled(holdsData);
   showFirstSteps();
@@ -192,6 +197,15 @@ void AppDelegate::showFirstSteps() {
     _hasRows = _hasRows || DBManager::sharedInstance().countOfRowsInTable(table) > 0;
   _window->outlets().dataView->getTable()->setHint(_hasRows ? QString() : word("first_entry"));
   _window->setPersonWanted(!Preferences::birthday().isValid());
+}
+
+// An open panel goes on with the day as it was read.
+void AppDelegate::lookAtDiary() {
+  if (sharedApp != this || noticeNewDay() || !_window->outlets().dataView->readAgain()) return;
+  if (const RecordRef record = _window->outlets().chartsView->records().ofTheSameDay(_editView->data());
+      !isEmpty(record))
+    _editView->setData(record);
+  dataIsPresent();
 }
 
 void AppDelegate::registerApp() {

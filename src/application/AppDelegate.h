@@ -61,8 +61,10 @@ class AppDelegate : public QObject, public MLCalendarViewDelegate {
   void windowWillClose();
 
   // Enables the report button, and the commands that need a report, when the interval holds a row of any
-  // kind.
+  // kind. Where that cannot be asked they stay as they are.
   void dataIsPresent();
+  // Shows the diary as it is now if somebody else has changed it, or if another day has begun.
+  void lookAtDiary();
   // The licence check; in the trial state the window's title says so, once more at each call.
   void registerApp();
 

@@ -187,7 +187,7 @@ bool AppDelegate::eventFilter(QObject* watched, QEvent* event) {
         return true;
       break;
     case QEvent::WindowActivate:
-      if (watched == _window.get()) noticeNewDay();
+      if (watched == _window.get()) lookAtDiary();
       if (watched == _reportWindow.get()) refreshReport();
       break;
     case QEvent::WindowBlocked:

@@ -3,6 +3,7 @@
 #include "application/MainWindow.h"
 #include "core/dates/Utils.h"
 #include "core/diary/DateInterval.h"
+#include "core/diary/DayEntries.h"
 #include "core/diary/NamedInterval.h"
 #include "core/diary/StoredDays.h"
 #include "core/foundation/Clock.h"
@@ -65,6 +66,7 @@ QDateTime AppDelegate::getEndDate() { return Utils::dayEnd(DateInterval::storedE
 // The date is stored before anybody hears of it: those who do ask for it in their turn.
 void AppDelegate::saveStartDate(const QDateTime& date) {
   closeEditPanel();
+  DayEntries::shared().storePending();
   DateInterval::storeStart(date);
   _window->outlets().chartsView->setDateFrom();
   _window->outlets().dataView->updateData();
@@ -73,6 +75,7 @@ void AppDelegate::saveStartDate(const QDateTime& date) {
 
 void AppDelegate::saveEndDate(const QDateTime& date) {
   closeEditPanel();
+  DayEntries::shared().storePending();
   DateInterval::storeEnd(date);
   _window->outlets().chartsView->setDateTo();
   _window->outlets().dataView->updateData();

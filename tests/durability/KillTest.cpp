@@ -1,8 +1,9 @@
-// A value that the panel has shown is in the file, whenever the process is killed.
+// A value that the panel has shown is in the file, whenever the process is killed; and the file is whole.
 #include <QDir>
 #include <QProcess>
 #include <QThread>
 
+#include "core/foundation/Paths.h"
 #include "support/TestHome.h"
 
 namespace sanovia::test {
@@ -37,6 +38,29 @@ TEST_F(Kill, AtAnyMomentOfAHeldButtonLosesNoShownValue) {
     EXPECT_LE(stored.first().toDouble(), shown + 0.11);
   }
   EXPECT_GT(shownInAll, kills * 2) << "the button was held, not only pressed";
+}
+
+// SANOVIA_KILLS says how often. Each kill comes a little later after the folder has appeared.
+TEST_F(Kill, AtAnyMomentOfTheFirstStartLeavesAWholeDiaryOrNone) {
+  const int kills =
+      qEnvironmentVariableIntValue("SANOVIA_KILLS") > 0 ? qEnvironmentVariableIntValue("SANOVIA_KILLS") : 25;
+  int made = 0;
+  for (int i = 0; i < kills; ++i) {
+    QDir(dataFolder()).removeRecursively();
+    QProcess program;
+    program.start(QStringLiteral(SANOVIA_HOLD_PLUS), QStringList());
+    ASSERT_TRUE(program.waitForStarted());
+    while (!QFile::exists(Paths::dataFolder())) QThread::usleep(20);
+    QThread::usleep(static_cast<unsigned long>(i * 25000 / kills));
+    program.kill();
+    program.waitForFinished();
+    if (!QFile::exists(Paths::databaseFile())) continue;
+    ++made;
+    EXPECT_EQ(query(QStringLiteral("PRAGMA integrity_check")) +
+                  query(QStringLiteral("SELECT COUNT(*) FROM sqlite_master")),
+              texts({"ok", "6"}));
+  }
+  EXPECT_TRUE(made > 0 && made < kills) << made << ": the kills came too early or too late";
 }
 
 }  // namespace

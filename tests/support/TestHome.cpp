@@ -9,6 +9,8 @@
 #include <sqlite3.h>
 
 #include "core/database/DBManager.h"
+#include "core/diary/DayEntries.h"
+#include "core/diary/DiaryWatch.h"
 #include "core/foundation/Clock.h"
 #include "core/foundation/Paths.h"
 #include "core/foundation/SettingsStore.h"
@@ -113,6 +115,8 @@ void TestHome::setLocale(const QString& name) { QLocale::setDefault(QLocale(name
 void TestHome::restart() {
   SettingsStore::closeStandard();
   DBManager::releaseSharedInstance();
+  DayEntries::releaseShared();
+  DiaryWatch::shared() = {};
   Language::restart();
 }
 

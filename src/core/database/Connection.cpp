@@ -2,13 +2,17 @@
 
 #include <QFileInfo>
 #include <QRegularExpression>
+#include <QtEndian>
 
+#include <array>
 #include <sqlite3.h>
 
 #include "core/foundation/Log.h"
 
 namespace sanovia {
 namespace {
+
+constexpr sqlite3_int64 kPlaceOfCounter = 24;
 
 // What a statement does, and to which table: "INSERT pressure".
 QString operationOf(const QByteArray& sql) {
@@ -70,6 +74,15 @@ bool Connection::run(const QByteArray& sql) {
 qint64 Connection::lastKey() const { return sqlite3_last_insert_rowid(_database); }
 
 qint64 Connection::changedRows() const { return sqlite3_changes(_database); }
+
+quint32 Connection::changeCounter() const {
+  sqlite3_file* file = nullptr;
+  sqlite3_file_control(_database, "main", SQLITE_FCNTL_FILE_POINTER, &file);
+  std::array<uchar, sizeof(quint32)> bytes{};
+  if (file == nullptr || file->pMethods == nullptr) return 0;
+  const int code = file->pMethods->xRead(file, bytes.data(), static_cast<int>(bytes.size()), kPlaceOfCounter);
+  return code == SQLITE_OK ? qFromBigEndian<quint32>(bytes.data()) : 0;
+}
 
 bool Connection::accept(int code, const QByteArray& sql) {
   if (code == SQLITE_OK || !isGood()) return isGood();

@@ -49,6 +49,8 @@ class [[nodiscard]] Connection {
   // The key of the row that was inserted last, and the number of rows that the last statement changed.
   [[nodiscard]] qint64 lastKey() const;
   [[nodiscard]] qint64 changedRows() const;
+  // SQLite's count of the file's transactions, as the header on the disk has it; 0 when it cannot be read.
+  [[nodiscard]] quint32 changeCounter() const;
 
   // Takes a result code of a call to SQLite in; the text says what was being done. False on a failure, now or
   // before.

@@ -3,7 +3,7 @@
 #include <sqlite3.h>
 
 #include "core/database/NewDiary.h"
-#include "core/database/Statement.h"
+#include "core/database/RowStatements.h"
 #include "core/foundation/Log.h"
 #include "core/foundation/Paths.h"
 
@@ -94,6 +94,7 @@ bool DBManager::openDatabase() {
 
 void DBManager::closeDatabase() {
   _waitedInVain = _connection && _connection->isLockedOut();
+  if (!_connection || !_connection->isGood()) ++_failures;
   _connection.reset();
 }
 
@@ -123,20 +124,8 @@ RowMap DBManager::getRowFromTable(const QString& table, const QList<DBField>& co
 qint32 DBManager::addRowToTable(const QString& table, const QList<DBField>& columns, const RowMap& values) {
   const Operation operation(*this, Operation::Purpose::Write);
   if (!operation) return -1;
-  QString names = QStringLiteral("INSERT INTO %1 (").arg(table);
-  QString places = QStringLiteral(" VALUES (");
-  QString separator;
-  for (const DBField& column : columns) {
-    if (!values.contains(column.title())) continue;
-    names += separator + QLatin1Char(' ') + column.title();
-    places += separator + QStringLiteral(" ?");
-    separator = QStringLiteral(",");
-  }
-  Statement statement(operation.connection(),
-                      asciiText(names + QLatin1Char(')') + places + QLatin1Char(')')));
-  int place = 1;
-  for (const DBField& column : columns)
-    if (const FieldValue* value = values.find(column.title())) statement.bind(place++, column, *value);
+  Statement statement(operation.connection(), asciiText(insertText(table, columns, values)));
+  bindValues(statement, columns, values);
   if (statement.execute()) return static_cast<qint32>(operation.connection().lastKey());
   return failedOutright(operation.connection(), statement) ? -1 : 0;
 }
@@ -145,18 +134,8 @@ bool DBManager::updateRowInTable(const QString& table, const QList<DBField>& col
                                  qint32 atId) {
   const Operation operation(*this, Operation::Purpose::Write);
   if (!operation) return false;
-  QString sql = QStringLiteral("update %1 set").arg(table);
-  QString separator;
-  for (const DBField& column : columns) {
-    if (!values.contains(column.title())) continue;
-    sql += separator + QLatin1Char(' ') + column.title() + QStringLiteral(" =?");
-    separator = QStringLiteral(",");
-  }
-  Statement statement(operation.connection(), (sql + QStringLiteral(" WHERE pk=?;")).toUtf8());
-  int place = 1;
-  for (const DBField& column : columns)
-    if (const FieldValue* value = values.find(column.title())) statement.bind(place++, column, *value);
-  statement.bind(place, atId);
+  Statement statement(operation.connection(), updateText(table, columns, values));
+  statement.bind(bindValues(statement, columns, values), atId);
   return statement.execute() || !failedOutright(operation.connection(), statement);
 }
 

@@ -30,6 +30,9 @@ class DBManager {
   // whole or not at all. A new folder is open to its owner alone (0700), a new file too (0600).
   bool createDatabase();
   const QString& databasePath() const { return _databasePath; }
+  // How many operations have failed up to now. Their results do not tell: who must know an empty answer from
+  // a failed question asks before and after.
+  qint64 failures() const { return _failures; }
 
   // Runs the text on the connection that openDatabase() opened. The error text, or nothing on success.
   std::optional<QString> execSQL(const QString& sql);
@@ -83,6 +86,7 @@ class DBManager {
 
   QString _databasePath;
   std::unique_ptr<Connection> _connection;  // of the operation now running
+  qint64 _failures = 0;
   bool _waitedInVain = false;  // whether the operation before waited for another process and gave up
 };
 

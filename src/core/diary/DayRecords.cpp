@@ -1,5 +1,12 @@
 #include "core/diary/DayRecords.h"
 
+#include <algorithm>
+
+#include "core/database/DBManager.h"
+#include "core/diary/DayEntries.h"
+#include "core/diary/DiaryWatch.h"
+#include "core/measures/ValueText.h"
+
 namespace sanovia {
 namespace {
 
@@ -9,14 +16,49 @@ RecordRef recordAt(const std::shared_ptr<std::vector<R>>& list, qint64 index) {
   return std::shared_ptr<R>(list, &(*list)[static_cast<size_t>(index)]);
 }
 
+template <class R>
+using Records = std::shared_ptr<std::vector<R>>;
+
+// Both lists ascend by date.
+template <class R>
+void carryOver(std::vector<R>& records, const std::vector<R>& earlier) {
+  for (R& record : records) {
+    const auto found = std::ranges::lower_bound(earlier, record.date, {}, &R::date);
+    if (found != earlier.end() && found->date == record.date) record = *found;
+  }
+}
+
+// The records of the series, or the earlier ones where reading fails.
+template <class R>
+Records<R> read(const DateSeries& series, const Records<R>& earlier) {
+  const qint64 failures = DBManager::sharedInstance().failures();
+  auto records = std::make_shared<std::vector<R>>(series.records<R>());
+  if (DBManager::sharedInstance().failures() != failures) carryOver(*records, *earlier);
+  return records;
+}
+
 }  // namespace
 
 void DayRecords::load(const QDateTime& from, const QDateTime& to, SeriesMode mode) {
   if (!from.isValid() || !to.isValid()) return;
+  if (mode != _mode) clear();
+  const DiaryStamp stamp = DiaryStamp::now();
+  const qint64 failures = DBManager::sharedInstance().failures();
+  _mode = mode;
   _series = DateSeries(from, to, mode);
-  _generals = std::make_shared<std::vector<General>>(_series.records<General>());
-  _pressures = std::make_shared<std::vector<Pressure>>(_series.records<Pressure>());
-  _bloods = std::make_shared<std::vector<Blood>>(_series.records<Blood>());
+  _generals = read(_series, _generals);
+  _pressures = read(_series, _pressures);
+  _bloods = read(_series, _bloods);
+  const bool isRead = DBManager::sharedInstance().failures() == failures;
+  DiaryWatch::shared().noteRead(isRead ? std::optional(stamp) : std::nullopt);
+  if (mode == SeriesModeDay) layOverEntries();
+}
+
+void DayRecords::layOverEntries() {
+  DayEntries& entries = DayEntries::shared();
+  entries.layOver(_generals);
+  entries.layOver(_pressures);
+  entries.layOver(_bloods);
 }
 
 void DayRecords::clear() { *this = DayRecords(); }
@@ -37,6 +79,10 @@ RecordRef DayRecords::at(qint64 recordType, qint64 index) const {
     case RecordType::blood: return recordAt(_bloods, index);
     default: return {};
   }
+}
+
+RecordRef DayRecords::ofTheSameDay(const RecordRef& record) const {
+  return isEmpty(record) ? RecordRef() : at(recordTypeOf(record), _series.days().indexOf(dateOf(record)));
 }
 
 std::vector<DayValue> DayRecords::valuesOf(const Measure& measure) const {

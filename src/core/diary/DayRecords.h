@@ -17,7 +17,8 @@ namespace sanovia {
 class DayRecords {
  public:
   // Reads the series from the first date to the last and the records of its dates. An invalid date at either
-  // end leaves everything as it is.
+  // end leaves everything as it is. A kind that cannot be read keeps the records that were read before, as
+  // far as they are of the same dates. What is entered and not yet stored is laid over what was read.
   void load(const QDateTime& from, const QDateTime& to, SeriesMode mode);
 
   // Forgets all dates and records.
@@ -33,11 +34,16 @@ class DayRecords {
   qint64 count(qint64 recordType) const;
   // The record at a position of a kind's list; empty beyond its ends and for a number that names no kind.
   RecordRef at(qint64 recordType, qint64 index) const;
+  // The record of the same kind and day; empty where there is none.
+  RecordRef ofTheSameDay(const RecordRef& record) const;
   // The values of a measure in the list of its kind.
   std::vector<DayValue> valuesOf(const Measure& measure) const;
 
  private:
+  void layOverEntries();
+
   DateSeries _series;
+  SeriesMode _mode = SeriesModeDay;
   std::shared_ptr<std::vector<General>> _generals = std::make_shared<std::vector<General>>();
   std::shared_ptr<std::vector<Pressure>> _pressures = std::make_shared<std::vector<Pressure>>();
   std::shared_ptr<std::vector<Blood>> _bloods = std::make_shared<std::vector<Blood>>();

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <type_traits>
 
 #include "core/measures/Norms.h"
 #include "core/preferences/Preferences.h"
@@ -40,9 +39,7 @@ double stepped(const EntryRule& rule, double value, bool plus) {
 }
 
 void derivePulsePressure(const RecordRef& record) {
-  const auto* pressure = std::get_if<std::shared_ptr<Pressure>>(&record);
-  if (pressure == nullptr || (*pressure)->systolic == -1 || (*pressure)->diastolic == -1) return;
-  (*pressure)->ppressure = (*pressure)->systolic - (*pressure)->diastolic;
+  if (const auto* pressure = std::get_if<std::shared_ptr<Pressure>>(&record)) derivePulsePressure(**pressure);
 }
 
 bool isPressure(const Measure& measure) {
@@ -50,6 +47,10 @@ bool isPressure(const Measure& measure) {
 }
 
 }  // namespace
+
+void derivePulsePressure(Pressure& record) {
+  if (record.systolic != -1 && record.diastolic != -1) record.ppressure = record.systolic - record.diastolic;
+}
 
 bool isEntered(const Measure& measure) { return measure.entry.has_value(); }
 
@@ -97,14 +98,6 @@ void enterStep(const Measure& measure, const RecordRef& record, bool plus) {
   setStoredValue(measure, record,
                  stored ? stepped(*measure.entry, *stored, plus) : seedOf(*measure.entry, plus));
   if (isPressure(measure)) derivePulsePressure(record);
-}
-
-void store(const RecordRef& record) {
-  std::visit(
-      [](const auto& held) {
-        if constexpr (!std::is_same_v<std::remove_cvref_t<decltype(held)>, std::monostate>) held->update();
-      },
-      record);
 }
 
 }  // namespace sanovia

@@ -43,7 +43,7 @@ void takeBackValue(const Measure& measure, const RecordRef& record);
 // when nothing else moves. Nothing is stored.
 void enterStep(const Measure& measure, const RecordRef& record, bool plus);
 
-// Inserts or updates the record's row. A failure is dropped.
-void store(const RecordRef& record);
+// Sets the pulse pressure when both pressures are known.
+void derivePulsePressure(Pressure& record);
 
 }  // namespace sanovia

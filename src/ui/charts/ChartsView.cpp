@@ -3,6 +3,8 @@
 #include <QPaintEvent>
 #include <QPainter>
 
+#include "core/diary/DayEntries.h"
+#include "core/diary/DiaryWatch.h"
 #include "core/foundation/NotificationCenter.h"
 #include "core/licensing/Licensing.h"
 #include "core/localisation/Language.h"
@@ -66,6 +68,14 @@ void ChartsView::setDateTo() {
 void ChartsView::updateValues() {
   _records.load(_dateFrom, _dateTo, _mode);
   emit chartsChanged();
+}
+
+bool ChartsView::readAgain() {
+  DayEntries::shared().storePending();
+  if (!DiaryWatch::shared().isChanged()) return false;
+  updateValues();
+  update();
+  return true;
 }
 
 RecordRef ChartsView::dataAtIndex(qint64 index) const { return _records.at(type(), index); }

@@ -54,6 +54,9 @@ class ChartsView : public PropertiesView {
   // Reads the records of the interval; does nothing while one of its ends is absent. The selection keeps its
   // number and may then lie beyond the last day, where it frames nothing.
   void updateValues();
+  // The same if somebody else has changed the diary or if it could not be read; what is pending is stored
+  // first. Whether it was read: rows and columns are then as many as before.
+  bool readAgain();
   const DayRecords& records() const { return _records; }
 
   // The record at a place of the shown kind's list, oldest first; empty beyond its ends.

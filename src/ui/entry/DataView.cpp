@@ -39,6 +39,14 @@ void DataView::setType(qint64 type) {
 
 void DataView::updateData() { _table->reloadData(); }
 
+bool DataView::readAgain() {
+  if (!_source->readAgain()) return false;
+  const int row = _table->selectedRow();
+  updateData();
+  if (row >= 0) _table->selectRow(row);
+  return true;
+}
+
 void DataView::editData() {
   if (_beforeEditing && _table->selectedRow() >= 0) _beforeEditing();
   const int row = _table->selectedRow();

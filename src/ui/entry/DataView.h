@@ -32,6 +32,9 @@ class DataView : public QWidget {
   void setType(qint64 type);
   // Reads the rows anew.
   void updateData();
+  // Has the charts read the diary again if somebody else has changed it, and reads the rows anew if they did.
+  // The selection stays. Whether they did.
+  bool readAgain();
 
   // Opens the editor on the selected row's record and hides the table behind it. Nothing happens while no row
   // is selected.

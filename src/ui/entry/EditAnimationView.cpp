@@ -8,6 +8,7 @@
 #include <algorithm>
 
 #include "core/dates/Utils.h"
+#include "core/diary/DayEntries.h"
 #include "core/foundation/NotificationCenter.h"
 #include "core/foundation/TextFormat.h"
 #include "core/localisation/Language.h"
@@ -113,10 +114,22 @@ void EditAnimationView::setType(qint64 type) {
 void EditAnimationView::setData(const RecordRef& record) {
   finishTyping();
   _data = record;
-  for (int column = 1; column < _sliders.size(); ++column) loadSlider(column);
+  DayEntries::shared().open(record);
+  loadSliders();
   placeClearMarks();
   nameControls();
   update();
+}
+
+// What somebody else has written of the day shows beside what was entered here.
+void EditAnimationView::store() {
+  if (DayEntries::shared().store(_data) != StoreOutcome::StoredOnOthers) return;
+  loadSliders();
+  update();
+}
+
+void EditAnimationView::loadSliders() {
+  for (int column = 1; column < _sliders.size(); ++column) loadSlider(column);
 }
 
 void EditAnimationView::loadSlider(int column) {
@@ -166,7 +179,7 @@ void EditAnimationView::sliderChanged(int column) {
   if (isEmpty(_data) || measure == nullptr) return;
   const std::optional<ChartValue> setUp = sliderSetUp(*measure, _data);
   enterSliderValue(*measure, _data, tickValue(*setUp, sliderOf(column)->tick()));
-  store(_data);
+  store();
   speakSlider(column, *setUp);
   valueChanged();
 }

@@ -98,6 +98,8 @@ class EditAnimationView : public AnimationView, public DayEditor {
   void paintBand(QPainter& painter, const EditPanelPlan& where) const;
   void paintField(QPainter& painter, const EditPanelPlan& where) const;
   void layoutControls();
+  void store();
+  void loadSliders();
   void loadSlider(int column);
   void speakSlider(int column, const ChartValue& setUp);
   void nameControls();

@@ -149,8 +149,8 @@ void EditAnimationView::takeBack(int column) {
 }
 
 void EditAnimationView::changed() {
-  store(_data);
-  for (int column = 1; column < _sliders.size(); ++column) loadSlider(column);
+  store();
+  loadSliders();
   valueChanged();
 }
 

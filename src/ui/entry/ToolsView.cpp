@@ -3,6 +3,7 @@
 #include <QAbstractButton>
 #include <QPainter>
 
+#include "core/diary/DayEntries.h"
 #include "drawing/NamedImage.h"
 #include "ui/charts/ChartsView.h"
 #include "ui/charts/DayEditor.h"
@@ -37,6 +38,7 @@ void ToolsView::buttonPressed(QAbstractButton* sender) {
 qint64 ToolsView::type() const { return _outlets.chartsView->type(); }
 
 void ToolsView::closeEditor() {
+  DayEntries::shared().storePending();
   if (_editor == nullptr || !(_editor->opened() || _editor->isAnimating())) return;
   _editor->setTarget({});
   // A panel on its way up hears no request to shut, but does not stay without a record.

@@ -1,0 +1,160 @@
+// A value that the panel has shown is in the file, or comes there by itself when the obstacle is gone, and no
+// other day is touched: what other hands and a full disk do beside the open window, judged through a second
+// connection.
+#include <csignal>
+#include <sys/resource.h>
+
+#include "core/diary/DayEntries.h"
+#include "core/foundation/Paths.h"
+#include "support/LaunchedHome.h"
+#include "ui/controls/BaseColoredButton.h"
+
+namespace sanovia::test {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+const QString kToday = u"2026-11-15"_s;
+constexpr int kTemperaturePlus = 601;
+constexpr int kAppetitePlus = 603;
+
+// No file may grow past a size, as on a disk that is full.
+class FullDisk {
+ public:
+  FullDisk() {
+    std::signal(SIGXFSZ, SIG_IGN);
+    getrlimit(RLIMIT_FSIZE, &_before);
+    const rlimit small{1024, _before.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &small);
+  }
+  ~FullDisk() { setrlimit(RLIMIT_FSIZE, &_before); }
+  FullDisk(const FullDisk&) = delete;
+  FullDisk& operator=(const FullDisk&) = delete;
+
+ private:
+  rlimit _before{};
+};
+
+class Obstacle : public LaunchedHome {
+ public:
+  Obstacle() { setLocale(u"de_DE"_s); }
+
+ protected:
+  // Opens the panel on the newest day.
+  void openPanel() {
+    editRow(0);
+    ASSERT_TRUE(waitForPanel(true));
+  }
+  void shutPanel() {
+    QTest::keyClick(&panel(), Qt::Key_Escape);
+    ASSERT_TRUE(waitForPanel(false));
+  }
+  void plus(int tag, int times = 1) {
+    for (int i = 0; i < times; ++i) panel().buttonOf(tag)->click();
+  }
+  void activate() {
+    QEvent event(QEvent::WindowActivate);
+    QCoreApplication::sendEvent(delegate->window(), &event);
+  }
+  QStringList general() {
+    return query(
+        u"SELECT gdate||' '||round(temperature,1)||' '||appetite||' '||weight FROM general ORDER BY gdate"_s);
+  }
+};
+
+TEST_F(Obstacle, WhatCouldNotBeStoredIsStoredAtTheNextOccasion) {
+  const std::function<void()> occasions[] = {
+      [this] { plus(kTemperaturePlus); },
+      [this] { shutPanel(); },
+      [this] { ui().bnPressure->click(); },
+      [this] { delegate->saveStartDate(at("2026-11-10T00:00:00")); },
+      [this] { activate(); },
+      [this] { quit(); },
+  };
+  for (const auto& occasion : occasions)
+    for (const bool isLocked : {false, true}) {
+      const auto number = &occasion - occasions;
+      if (isLocked && number != 0 && number != 5) continue;  // a lock is waited for
+      SCOPED_TRACE(testing::Message() << "occasion " << number << (isLocked ? ", locked" : ", full"));
+      launch();
+      ui().bnGeneral->click();
+      execute(u"DELETE FROM general"_s);
+      openPanel();
+      {
+        std::optional<OtherProcess> other;
+        std::optional<FullDisk> full;
+        if (isLocked)
+          other.emplace().query(u"BEGIN IMMEDIATE"_s);
+        else
+          full.emplace();
+        plus(kTemperaturePlus, 3);
+        EXPECT_EQ(panel().stringOfData(1), u"36.8"_s);
+      }
+      EXPECT_EQ(general(), QStringList());
+      occasion();
+      EXPECT_EQ(general(), QStringList{kToday + (number == 0 ? u" 36.9 -1 -1.0"_s : u" 36.8 -1 -1.0"_s)});
+      if (delegate) quit();
+    }
+}
+
+TEST_F(Obstacle, OnlyWhatWasEnteredHereIsLaidOverAnotherHandsRow) {
+  launch();
+  // A row appears for a day that had none when the panel opened.
+  openPanel();
+  execute(
+      u"INSERT INTO general (user_pk, gdate, temperature, wellbeing, appetite, weight) VALUES "
+      "(0, '2026-11-15', 39.5, 1, 0, 72.6)"_s);
+  plus(kTemperaturePlus);
+  EXPECT_EQ(general(), texts({"2026-11-15 36.6 0 72.6"}));
+  EXPECT_EQ(panel().stringOfData(4), u"72.6"_s) << "the other hand's value shows";
+  // The row changes while the panel is open; then it goes, and its key is another day's.
+  execute(u"UPDATE general SET temperature = 38, weight = 80.3"_s);
+  plus(kAppetitePlus);
+  EXPECT_EQ(general(), texts({"2026-11-15 38.0 1 80.3"}));
+  execute(u"UPDATE general SET gdate = '2025-01-01', appetite = 0"_s);
+  plus(kTemperaturePlus);
+  EXPECT_EQ(general(), texts({"2025-01-01 38.0 0 80.3", "2026-11-15 38.1 1 80.0"}));
+}
+
+TEST_F(Obstacle, ADiaryThatIsGoneIsMadeAnewWhole) {
+  launch();
+  openPanel();
+  plus(kTemperaturePlus);
+  QFile::remove(Paths::databaseFile());
+  plus(kTemperaturePlus);
+  EXPECT_EQ(general(), texts({"2026-11-15 36.7 -1 -1.0"}));
+  EXPECT_EQ(query(u"SELECT COUNT(*) FROM sqlite_master"_s), texts({"6"}));
+}
+
+TEST_F(Obstacle, TheWindowSeesOtherHandsAndKeepsWhatItCannotRead) {
+  launch();
+  const auto shown = [this] { return cell(0, 2); };
+  execute(u"INSERT INTO general (gdate, temperature) VALUES ('2026-11-15', 37.5)"_s);
+  activate();
+  EXPECT_EQ(shown(), u"37.5"_s);
+  EXPECT_TRUE(ui().reportOutlet->isEnabled());
+  // What cannot be read stays; it is read at the next occasion.
+  execute(u"UPDATE general SET temperature = 38"_s);
+  {
+    OtherProcess other;
+    other.query(u"BEGIN EXCLUSIVE"_s);
+    activate();
+    EXPECT_EQ(shown(), u"37.5"_s);
+    EXPECT_TRUE(ui().reportOutlet->isEnabled());
+  }
+  activate();
+  EXPECT_EQ(shown(), u"38.0"_s);
+  // Another file in its place is seen before the panel opens, and while it is open.
+  const QByteArray before = bytesOf(Paths::databaseFile());
+  execute(u"UPDATE general SET temperature = 39"_s);
+  openPanel();
+  EXPECT_EQ(panel().stringOfData(1), u"39.0"_s);
+  writeBytes(Paths::databaseFile(), before);
+  activate();
+  EXPECT_EQ(panel().stringOfData(1), u"38.0"_s);
+  plus(kAppetitePlus);
+  EXPECT_EQ(query(u"SELECT temperature||' '||appetite FROM general"_s), texts({"38.0 1"}));
+}
+
+}  // namespace
+}  // namespace sanovia::test
