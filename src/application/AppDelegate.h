@@ -22,6 +22,7 @@ class MainWindow;
 class Popover;
 class PreferencesSheet;
 class ReportWindow;
+class RestoreSheet;
 class SanoviaReport;
 
 class AppDelegate : public QObject, public MLCalendarViewDelegate {
@@ -43,6 +44,7 @@ class AppDelegate : public QObject, public MLCalendarViewDelegate {
   // Made when they are first asked for, so that the start does not pay for them.
   PreferencesSheet* preferencesSheet();
   AboutPanel* aboutPanel();
+  RestoreSheet* restoreSheet();
   // Null before the help was first shown.
   HelpWindow* helpWindow() const { return _helpWindow.get(); }
   ReportWindow* reportWindow() const { return _reportWindow.get(); }
@@ -105,6 +107,10 @@ class AppDelegate : public QObject, public MLCalendarViewDelegate {
   // Asks what is to be exported, and where to.
   void exportFile();
   void preferences();
+  void backUp();
+  void restore();
+  // After a start: makes the day's copy of the diary, or offers the copies when the diary is damaged.
+  void lookAfterCopies();
   void displayHelp();
   // Returns when the panel has closed.
   void runAbout();
@@ -156,6 +162,7 @@ class AppDelegate : public QObject, public MLCalendarViewDelegate {
   // 800 by 800, or what the screen has where it has less.
   QSize leastSize() const;
   void didEndPreferences();
+  void didRestore();
   bool intervalHoldsData();
   bool restoreFrame();
   void storeShown() const;
@@ -174,6 +181,7 @@ class AppDelegate : public QObject, public MLCalendarViewDelegate {
   MLCalendarView* _calendarView = nullptr;
   PreferencesSheet* _preferencesSheet = nullptr;
   AboutPanel* _aboutPanel = nullptr;
+  RestoreSheet* _restoreSheet = nullptr;
   std::unique_ptr<HelpWindow> _helpWindow;
   std::unique_ptr<ReportWindow> _reportWindow;
   QByteArray _shownSource;  // of the report that its window shows

@@ -55,6 +55,8 @@ constexpr Command kCommands[] = {
     {"openReport", Rule::WithData, [](AppDelegate& delegate, const QAction*) { delegate.openReport(); }},
     {"saveReport", Rule::WithData, [](AppDelegate& delegate, const QAction*) { delegate.saveReport(); }},
     {"print", Rule::WithData, [](AppDelegate& delegate, const QAction*) { delegate.print(); }},
+    {"backUp", Rule::Always, [](AppDelegate& delegate, const QAction*) { delegate.backUp(); }},
+    {"restore", Rule::Always, [](AppDelegate& delegate, const QAction*) { delegate.restore(); }},
     {"preferences", Rule::Always, [](AppDelegate& delegate, const QAction*) { delegate.preferences(); }},
     {"terminate", Rule::Always, [](AppDelegate& delegate, const QAction*) { delegate.window()->close(); }},
     {"viewMenuAction", Rule::UnlessShowing,

@@ -1,5 +1,6 @@
 // The process entry: it makes the application and its controller, and hands over to the event loop.
 #include <QApplication>
+#include <QTimer>
 
 #include <cstdio>
 #include <cstdlib>
@@ -47,6 +48,12 @@ void sayThatThereIsNoDisplay(QtMsgType type, const QMessageLogContext& /*context
 
 }  // namespace
 
+namespace {
+
+constexpr int kCopyDelay = 500;  // milliseconds
+
+}  // namespace
+
 int main(int argc, char** argv) {
   if (answers(argc, argv)) return 0;
   const QtMessageHandler usual = qInstallMessageHandler(sayThatThereIsNoDisplay);
@@ -70,5 +77,7 @@ int main(int argc, char** argv) {
   delegate.applicationWillFinishLaunching();
   delegate.window()->show();
   delegate.applicationDidFinishLaunching();
+  // When the window is there: nobody waits for a copy.
+  QTimer::singleShot(kCopyDelay, &delegate, &sanovia::AppDelegate::lookAfterCopies);
   return QApplication::exec();
 }

@@ -23,8 +23,13 @@ QString helpText() {
        sanovia-cli export [OPTION]... FILE
        sanovia-cli report [OPTION]... FILE.pdf
        sanovia-cli stats [OPTION]...
+       sanovia-cli backup FILE.db
+       sanovia-cli restore [--missing] FILE.db
+       sanovia-cli restore [--missing] --date DATE
+       sanovia-cli restore --list
+       sanovia-cli check [--repair]
 Exchanges the health diary with CSV files, writes the report for the doctor and
-prints what an interval comes to.
+prints what an interval comes to; makes copies of the diary and brings them back.
 
 Commands:
   import FILE      Take the days of the file into the diary, all or, if anything
@@ -39,6 +44,18 @@ Commands:
                    deviation, median, least, greatest, first and last value, days
                    below, in and above the norm, and the mean of the equally long
                    interval before with the change.
+  backup FILE.db   Write a whole copy of the diary to the file.
+  restore FILE.db  Put the diary back as a copy has it. The present diary is kept
+                   as a copy first. A file that is no whole diary changes nothing.
+  check            Tell what is wrong with the diary, one line each: its file and
+                   tables, days with several rows, dates that are none, values
+                   that a field cannot hold.
+
+Options of restore and check:
+  --list           restore: name the copies that are there.
+  --date DATE      restore: the copy of that day, yyyy-MM-dd.
+  --missing        restore: take over only the days and values that are missing.
+  --repair         check: merge the rows of each day that has several.
 
 A FILE of "-" is the standard input or output. What belongs to the diary, its
 settings and its copies are never written over.
@@ -87,7 +104,8 @@ The diary:
 
 Exit status:
   0  done
-  1  wrong data, or a file or the diary cannot be read or written
+  1  wrong data, or a file or the diary cannot be read or written, or check has
+     found something
   2  wrong usage
   3  nothing to report
 )help");

@@ -6,6 +6,7 @@
 #include <memory>
 
 #include "cli/Console.h"
+#include "cli/CopyCommands.h"
 #include "cli/ExportCommand.h"
 #include "cli/HelpText.h"
 #include "cli/ImportCommand.h"
@@ -32,6 +33,12 @@ const QCommandLineOption kDryRun(QStringLiteral("dry-run"));
 const QCommandLineOption kFormat(QStringLiteral("format"), {}, QStringLiteral("format"));
 const QCommandLineOption kWithPerson(QStringLiteral("with-person"));
 
+// The options of the commands about copies.
+const QCommandLineOption kList(QStringLiteral("list"));
+const QCommandLineOption kDate(QStringLiteral("date"), {}, QStringLiteral("date"));
+const QCommandLineOption kMissing(QStringLiteral("missing"));
+const QCommandLineOption kRepair(QStringLiteral("repair"));
+
 QString valueOf(const QCommandLineParser& parser, const QCommandLineOption& option) {
   return parser.isSet(option) ? parser.value(option) : QString();
 }
@@ -39,15 +46,17 @@ QString valueOf(const QCommandLineParser& parser, const QCommandLineOption& opti
 struct Command {
   QString name;
   QList<QCommandLineOption> options;
-  bool takesFile;
-  // The file is empty for a command that takes none.
+  int leastFiles;
+  int mostFiles;
+  // The file is null where none is given.
   int (*run)(const QString& file, const QCommandLineParser& parser);
 };
 
 const Command kCommands[] = {
     {QStringLiteral("import"),
      {kDateOrder, kUnits, kSeveral, kDryRun, kJson},
-     true,
+     1,
+     1,
      [](const QString& file, const QCommandLineParser& parser) {
        return runImport(file, {.dateOrder = valueOf(parser, kDateOrder),
                                .units = valueOf(parser, kUnits),
@@ -57,7 +66,8 @@ const Command kCommands[] = {
      }},
     {QStringLiteral("export"),
      {kFormat, kFrom, kTo, kWithPerson},
-     true,
+     1,
+     1,
      [](const QString& file, const QCommandLineParser& parser) {
        return runExport(file, {.format = valueOf(parser, kFormat),
                                .from = valueOf(parser, kFrom),
@@ -66,7 +76,8 @@ const Command kCommands[] = {
      }},
     {kReport,
      {kFrom, kTo, kPaper},
-     true,
+     1,
+     1,
      [](const QString& file, const QCommandLineParser& parser) {
        return runReport(
            file,
@@ -74,10 +85,28 @@ const Command kCommands[] = {
      }},
     {QStringLiteral("stats"),
      {kFrom, kTo, kJson},
-     false,
+     0,
+     0,
      [](const QString&, const QCommandLineParser& parser) {
        return runStats({valueOf(parser, kFrom), valueOf(parser, kTo), parser.isSet(kJson)});
      }},
+    {QStringLiteral("backup"),
+     {},
+     1,
+     1,
+     [](const QString& file, const QCommandLineParser&) { return runBackup(file); }},
+    {QStringLiteral("restore"),
+     {kList, kDate, kMissing},
+     0,
+     1,
+     [](const QString& file, const QCommandLineParser& parser) {
+       return runRestore(file, {parser.isSet(kList), valueOf(parser, kDate), parser.isSet(kMissing)});
+     }},
+    {QStringLiteral("check"),
+     {kRepair},
+     0,
+     0,
+     [](const QString&, const QCommandLineParser& parser) { return runCheck(parser.isSet(kRepair)); }},
 };
 
 bool takes(const Command& command, const QString& option) {
@@ -103,11 +132,11 @@ int runArguments(const QCommandLineParser& parser) {
   for (const QString& option : parser.optionNames())
     if (!takes(*command, option))
       return refuse(QStringLiteral("--%1 is an option of %2").arg(option, takersOf(option)));
-  const qsizetype files = command->takesFile ? 1 : 0;
-  if (words.size() < 1 + files) return refuse(name + QStringLiteral(" needs the name of a file"));
-  if (words.size() > 1 + files)
-    return refuse(name +
-                  (files == 0 ? QStringLiteral(" takes no file") : QStringLiteral(" takes one file only")));
+  if (words.size() < 1 + command->leastFiles)
+    return refuse(name + QStringLiteral(" needs the name of a file"));
+  if (words.size() > 1 + command->mostFiles)
+    return refuse(name + (command->mostFiles == 0 ? QStringLiteral(" takes no file")
+                                                  : QStringLiteral(" takes one file only")));
   return command->run(words.value(1), parser);
 }
 
@@ -135,7 +164,7 @@ int main(int argc, char** argv) {
   const QCommandLineOption help(QStringList{QStringLiteral("h"), QStringLiteral("help")});
   const QCommandLineOption version(QStringList{QStringLiteral("v"), QStringLiteral("version")});
   parser.addOptions({help, version, kFrom, kTo, kPaper, kJson, kDateOrder, kUnits, kSeveral, kDryRun, kFormat,
-                     kWithPerson});
+                     kWithPerson, kList, kDate, kMissing, kRepair});
   if (!parser.parse(arguments)) {
     QString reason = parser.errorText();
     if (reason.endsWith(QLatin1Char('.'))) reason.chop(1);

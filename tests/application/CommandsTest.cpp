@@ -69,8 +69,8 @@ TEST_F(Commands, ShowEachKindAndViewByButtonItemAndKey) {
 TEST_F(Commands, OfTheReportAreEnabledByARowOfAnyKindWithinTheInterval) {
   setLocale(u"de_DE"_s);
   launch();
-  const QStringList always = texts({"Import", "Export", "Preferences", "Quit", "Pressure", "Blood", "Charts",
-                                    "SelectDay", "Help", "About"});
+  const QStringList always = texts({"Import", "Export", "BackUp", "Restore", "Preferences", "Quit",
+                                    "Pressure", "Blood", "Charts", "SelectDay", "Help", "About"});
   for (const auto& [kind, day, isReported] : {std::tuple("general", "2026-10-31", false),
                                               {"pressure", "2026-11-01", true},
                                               {"blood", "2026-11-15", true}}) {

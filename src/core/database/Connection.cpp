@@ -58,6 +58,8 @@ QString Connection::error() const { return isGood() ? QString() : _file + QStrin
 
 bool Connection::isLockedOut() const { return _code == SQLITE_BUSY || _code == SQLITE_LOCKED; }
 
+bool Connection::isDamaged() const { return _code == SQLITE_NOTADB || _code == SQLITE_CORRUPT; }
+
 void Connection::forgive() {
   _code = SQLITE_OK;
   _reason.clear();

@@ -35,6 +35,8 @@ class [[nodiscard]] Connection {
   [[nodiscard]] QString error() const;
   // Whether the first failure is that another process holds the file.
   [[nodiscard]] bool isLockedOut() const;
+  // Whether the first failure is that the file is no database, or a damaged one.
+  [[nodiscard]] bool isDamaged() const;
   // Forgets the failure, so that the connection works again.
   void forgive();
 
