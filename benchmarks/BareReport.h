@@ -9,7 +9,7 @@
 
 #include <vector>
 
-#include "report/PaperText.h"
+#include "paper/PaperText.h"
 
 namespace sanovia {
 struct Graph;

@@ -8,6 +8,7 @@
 #include "application/HelpWindow.h"
 #include "application/MainWindow.h"
 #include "application/ReportWindow.h"
+#include "application/SummaryWindow.h"
 #include "core/database/Blood.h"
 #include "core/database/DBManager.h"
 #include "core/database/General.h"

@@ -17,6 +17,7 @@ namespace sanovia {
 
 class AboutPanel;
 class EditAnimationView;
+class HealthSummary;
 class HelpWindow;
 class MainWindow;
 class Popover;
@@ -24,6 +25,7 @@ class PreferencesSheet;
 class ReportWindow;
 class RestoreSheet;
 class SanoviaReport;
+class SummaryWindow;
 
 class AppDelegate : public QObject, public MLCalendarViewDelegate {
   Q_OBJECT
@@ -48,6 +50,7 @@ class AppDelegate : public QObject, public MLCalendarViewDelegate {
   // Null before the help was first shown.
   HelpWindow* helpWindow() const { return _helpWindow.get(); }
   ReportWindow* reportWindow() const { return _reportWindow.get(); }
+  SummaryWindow* summaryWindow() const { return _summaryWindow.get(); }
 
   // Before the window shows: its least size and its last frame.
   void applicationWillFinishLaunching();
@@ -94,6 +97,9 @@ class AppDelegate : public QObject, public MLCalendarViewDelegate {
   void saveReport();
   void print();
   void openReport();
+  void openSummary();
+  void saveSummary();
+  void printSummary();
   void viewMenuAction(const QAction* item);
   void intervalMenuAction(const QAction* item);
   // In the charts the newest day with a record, or else the last one; in the table the newest row.
@@ -145,6 +151,12 @@ class AppDelegate : public QObject, public MLCalendarViewDelegate {
   QWidget* asksOn() const;
   // Whether a person's file may be written there; tells the person when it may not.
   bool mayWriteTo(const QString& path) const;
+  // The same of the summary. A summary without a value is told of and neither shown nor saved nor printed.
+  std::shared_ptr<HealthSummary> summary() const;
+  void showSummary(const std::shared_ptr<HealthSummary>& shown);
+  void saveThe(const std::shared_ptr<HealthSummary>& saved);
+  void printThe(const std::shared_ptr<HealthSummary>& printed);
+  QWidget* asksForSummaryOn() const;
   QList<QAction*> menuItems() const;
   // Whether an item is to be enabled, where the diary's rows are counted by the question handed in.
   bool isAllowed(const QAction* item, const std::function<bool()>& holdsData) const;
@@ -185,6 +197,7 @@ class AppDelegate : public QObject, public MLCalendarViewDelegate {
   std::unique_ptr<HelpWindow> _helpWindow;
   std::unique_ptr<ReportWindow> _reportWindow;
   QByteArray _shownSource;  // of the report that its window shows
+  std::unique_ptr<SummaryWindow> _summaryWindow;
   bool _isAboutRunning = false;
   bool _hasRows = false;  // of any kind and day; once it has, it is not asked again
   // When the preferences were opened.

@@ -13,7 +13,7 @@
 #include "core/foundation/TextFormat.h"
 #include "core/foundation/WholeFile.h"
 #include "core/localisation/Language.h"
-#include "report/PrintSettings.h"
+#include "paper/PrintSettings.h"
 #include "report/SanoviaReport.h"
 #include "ui_MainWindow.h"
 
@@ -24,12 +24,6 @@ namespace {
 const QString kSaveTitle = QStringLiteral("Save Report As:");
 const QString kEnding = QStringLiteral("pdf");
 const QString kJournal = QStringLiteral("-wal");  // where changes lie before they are in the diary's own file
-
-// Upright, whichever way it is printed on.
-QPageSize paperOf(const QSizeF& points) {
-  const QSizeF upright(qMin(points.width(), points.height()), qMax(points.width(), points.height()));
-  return QPageSize(upright, QPageSize::Point, QString(), QPageSize::FuzzyMatch);
-}
 
 // Milliseconds for a pipe that nobody reads, since the window waits for it.
 constexpr int kPipePatience = 3000;
@@ -98,7 +92,7 @@ void AppDelegate::print() {
     if (!choice.outputFile.isEmpty() && !mayWriteTo(choice.outputFile)) return;
     const WaitCursor waiting;
     // The document is laid out for the paper that was chosen.
-    if (!choice.paper.isEmpty()) PrintSettings::setPaperSize(paperOf(choice.paper));
+    PrintSettings::choosePaper(choice.paper);
     if (isShown) refreshReport();
     const bool isPrinted =
         printDocument(isShown ? _reportWindow->bytes() : report().createReportData(), choice);
@@ -115,6 +109,7 @@ void AppDelegate::openReport() {
     _reportWindow = std::make_unique<ReportWindow>();
     connect(_reportWindow.get(), &ReportWindow::saveWanted, this, &AppDelegate::saveReport);
     connect(_reportWindow.get(), &ReportWindow::printWanted, this, &AppDelegate::print);
+    connect(_reportWindow.get(), &ReportWindow::summaryWanted, this, &AppDelegate::openSummary);
   }
   _shownSource = source;
   _reportWindow->openDocument(pdf);

@@ -9,7 +9,7 @@
 #include <QPrinter>
 #include <QStandardPaths>
 
-#include "report/PrintSettings.h"
+#include "paper/PrintSettings.h"
 
 namespace sanovia {
 namespace {

@@ -58,6 +58,7 @@ ReportWindow::ReportWindow()
   }
   _save = addButton(first, "Save Report…", QKeySequence(QStringLiteral("Ctrl+S")));
   _print = addButton(first, "Print…", QKeySequence(QStringLiteral("Ctrl+P")));
+  _summary = addButton(first, "Summary", QKeySequence(QStringLiteral("Ctrl+Shift+R")));
   first->addWidget(_line, 1);
   first->addWidget(_page);
   QPushButton* smaller = addButton(second, "Zoom Out", QKeySequence::ZoomOut, QStringLiteral("−"));
@@ -88,6 +89,7 @@ ReportWindow::ReportWindow()
   rows->addWidget(_pages);
   connect(_save, &QPushButton::clicked, this, &ReportWindow::saveWanted);
   connect(_print, &QPushButton::clicked, this, &ReportWindow::printWanted);
+  connect(_summary, &QPushButton::clicked, this, &ReportWindow::summaryWanted);
   connect(smaller, &QPushButton::clicked, _pages, &ReportPages::zoomOut);
   connect(larger, &QPushButton::clicked, _pages, &ReportPages::zoomIn);
   connect(fit, &QPushButton::clicked, _pages, &ReportPages::fitWidth);

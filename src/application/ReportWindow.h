@@ -37,12 +37,14 @@ class ReportWindow : public QWidget {
   ReportPages* pages() const { return _pages; }
   QPushButton* saveButton() const { return _save; }
   QPushButton* printButton() const { return _print; }
+  QPushButton* summaryButton() const { return _summary; }
   QLineEdit* findField() const { return _find; }
   QLabel* line() const { return _line; }
 
  signals:
   void saveWanted();
   void printWanted();
+  void summaryWanted();
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
@@ -59,6 +61,7 @@ class ReportWindow : public QWidget {
   ReportPages* _pages;
   QPushButton* _save;
   QPushButton* _print;
+  QPushButton* _summary;
   QLineEdit* _find;
   QLabel* _line;
   QLabel* _page;

@@ -22,14 +22,16 @@ QString helpText() {
   const QString text = QStringLiteral(R"help(Usage: sanovia-cli import [OPTION]... FILE
        sanovia-cli export [OPTION]... FILE
        sanovia-cli report [OPTION]... FILE.pdf
+       sanovia-cli summary [OPTION]... FILE.pdf|FILE.html|-
        sanovia-cli stats [OPTION]...
        sanovia-cli backup FILE.db
        sanovia-cli restore [--missing] FILE.db
        sanovia-cli restore [--missing] --date DATE
        sanovia-cli restore --list
        sanovia-cli check [--repair]
-Exchanges the health diary with CSV files, writes the report for the doctor and
-prints what an interval comes to; makes copies of the diary and brings them back.
+Exchanges the health diary with CSV files, writes the report and the summary for
+the doctor, and prints what an interval comes to; makes copies of the diary and
+brings them back.
 
 Commands:
   import FILE      Take the days of the file into the diary, all or, if anything
@@ -39,6 +41,8 @@ Commands:
                    can be read by you alone.
   report FILE.pdf  Write the report that the window's command saves. A file that
                    is there is replaced only by a whole new one.
+  summary FILE     Write the summary, one or two pages, as PDF or HTML by the
+                   file's ending; for - as PDF to the standard output.
   stats            Print the numbers of an interval, in the units of the columns
                    below: for each measure days with a value, mean, standard
                    deviation, median, least, greatest, first and last value, days
@@ -74,14 +78,15 @@ Options of export:
   --format FORMAT  csv, or fhir for a FHIR R4 bundle of observations in JSON.
   --with-person    fhir: say whose they are, by name and date of birth.
 
-Options of export, report and stats:
+Options of export, report, summary and stats:
   --from DATE      The first day, yyyy-MM-dd. If not given, that of the window; for
                    an export the first there is. An interval has at most 36525
                    days.
   --to DATE        The last day; the same.
   --json           import and stats: print JSON, in full precision.
-  --paper PAPER    report: a4 or letter: the pages on which tables run on; as is
-                   usual in your country if not given.
+  --paper PAPER    report, summary: a4 or letter, the paper of the summary and of
+                   the report's tables that run on; what LC_PAPER says, or is
+                   usual in your country, if not given.
 
 Options:
   -h, --help       Show this help.

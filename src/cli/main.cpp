@@ -12,6 +12,7 @@
 #include "cli/ImportCommand.h"
 #include "cli/ReportCommand.h"
 #include "cli/StatsCommand.h"
+#include "cli/SummaryCommand.h"
 #include "core/foundation/OwnFiles.h"
 #include "core/foundation/Paths.h"
 
@@ -20,6 +21,7 @@ namespace {
 using namespace sanovia;
 
 const QString kReport = QStringLiteral("report");
+const QString kSummary = QStringLiteral("summary");
 
 // Each is known to some of the commands.
 const QCommandLineOption kFrom(QStringLiteral("from"), {}, QStringLiteral("date"));
@@ -83,6 +85,14 @@ const Command kCommands[] = {
            file,
            {.from = valueOf(parser, kFrom), .to = valueOf(parser, kTo), .paper = valueOf(parser, kPaper)});
      }},
+    {kSummary,
+     {kFrom, kTo, kPaper},
+     true,
+     [](const QString& file, const QCommandLineParser& parser) {
+       return runSummary(
+           file,
+           {.from = valueOf(parser, kFrom), .to = valueOf(parser, kTo), .paper = valueOf(parser, kPaper)});
+     }},
     {QStringLiteral("stats"),
      {kFrom, kTo, kJson},
      0,
@@ -140,10 +150,12 @@ int runArguments(const QCommandLineParser& parser) {
   return command->run(words.value(1), parser);
 }
 
-// A report needs fonts, and so the half of the toolkit that paints, but neither a display nor a desktop.
+// A report and a summary need fonts, and so the half of the toolkit that paints, but neither a display nor a
+// desktop.
 std::unique_ptr<QCoreApplication> makeApplication(const QStringList& arguments, char** argv) {
   static int count = 1;  // options are read here and not by the toolkit
-  if (!arguments.contains(kReport)) return std::make_unique<QCoreApplication>(count, argv);
+  if (!arguments.contains(kReport) && !arguments.contains(kSummary))
+    return std::make_unique<QCoreApplication>(count, argv);
   qputenv("QT_QPA_PLATFORM", "offscreen");
   qunsetenv("QT_QPA_PLATFORMTHEME");
   return std::make_unique<QGuiApplication>(count, argv);

@@ -19,6 +19,8 @@ inline constexpr QColor darkTeal{27, 93, 115};
 // In the norm, as the red is out of it; and the block of a day without a value.
 inline constexpr QColor green{65, 235, 144};
 inline constexpr QColor blockGrey{237, 237, 237};
+// The norm and the heads of tables on paper.
+inline constexpr QColor paleTeal{222, 238, 243};
 inline constexpr QColor black{0, 0, 0};
 // The platform's named greys are one third, one half and two thirds of white.
 inline constexpr QColor darkGray{85, 85, 85};

@@ -8,7 +8,7 @@
 
 #include <vector>
 
-#include "report/PaperText.h"
+#include "paper/PaperText.h"
 #include "report/ReportPage.h"
 
 namespace sanovia {

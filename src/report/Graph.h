@@ -10,7 +10,7 @@
 
 #include "core/measures/Norms.h"
 #include "drawing/Series.h"
-#include "report/PaperText.h"
+#include "paper/PaperText.h"
 #include "report/ReportPage.h"
 
 namespace sanovia {

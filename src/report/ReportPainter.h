@@ -2,7 +2,7 @@
 #pragma once
 
 #include "drawing/NamedImage.h"
-#include "report/DrawnTexts.h"
+#include "paper/DrawnTexts.h"
 #include "report/ReportSection.h"
 
 class QPainter;

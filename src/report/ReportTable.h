@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "core/measures/Norms.h"
-#include "report/PaperText.h"
+#include "paper/PaperText.h"
 
 namespace sanovia {
 

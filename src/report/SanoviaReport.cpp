@@ -8,8 +8,8 @@
 #include "core/licensing/Licensing.h"
 #include "core/localisation/Language.h"
 #include "core/preferences/Preferences.h"
-#include "report/PrintSettings.h"
-#include "report/ReportDocument.h"
+#include "paper/PrintSettings.h"
+#include "paper/PaperDocument.h"
 #include "report/ReportPainter.h"
 #include "report/ReportSection.h"
 
@@ -94,7 +94,7 @@ QByteArray SanoviaReport::createData(const QPageSize& firstPage) {
                               .birthday = Preferences::birthday(),
                               .person = personOfPreferences(),
                               .isTrial = Licensing::isTrial()};
-  ReportDocument document(infoOf(kinds, _interval));
+  PaperDocument document(infoOf(kinds, _interval));
   ReportPainter painter(document.painter(), text);
   const GraphContext context{
       .columns = _columns, .drawText = _drawText, .arrow = painter.arrowSize(), .text = text};

@@ -8,7 +8,7 @@
 #include <array>
 #include <vector>
 
-#include "report/PaperText.h"
+#include "paper/PaperText.h"
 
 namespace sanovia {
 

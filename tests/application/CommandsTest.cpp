@@ -81,7 +81,10 @@ TEST_F(Commands, OfTheReportAreEnabledByARowOfAnyKindWithinTheInterval) {
     press(Qt::Key_S);
     press(Qt::Key_P);
     EXPECT_EQ(questions, isReported ? texts({"Save Report As:|Unbenannt|pdf", "printer"}) : QStringList());
-    EXPECT_EQ(enabled(), isReported ? texts({"OpenReport", "SaveReport", "Print"}) + always : always);
+    EXPECT_EQ(enabled(), isReported ? texts({"OpenReport", "SaveReport", "Print", "OpenSummary",
+                                             "SaveSummary", "PrintSummary"}) +
+                                          always
+                                    : always);
     execute(u"DELETE FROM %1"_s.arg(QString::fromLatin1(kind)));
     delegate->dataIsPresent();
     for (QAction* item : {ui().miSaveReport, ui().miPrint, ui().miOpenReport}) {

@@ -7,7 +7,7 @@
 
 #include "application/ReportPages.h"
 #include "application/ReportWindow.h"
-#include "report/PrintSettings.h"
+#include "paper/PrintSettings.h"
 #include "support/LaunchedHome.h"
 
 namespace sanovia::test {

@@ -8,6 +8,7 @@
 #include "application/HelpWindow.h"
 #include "application/PreferencesSheet.h"
 #include "application/ReportWindow.h"
+#include "application/SummaryWindow.h"
 #include "core/localisation/Language.h"
 #include "core/localisation/StringsFile.h"
 #include "support/LaunchedHome.h"
@@ -28,6 +29,8 @@ class Words : public LaunchedHome {
     delegate->displayHelp();
     addRow("general");
     withoutLeakCheck([this] { delegate->openReport(); });
+    execute(u"UPDATE general SET weight = 70"_s);
+    delegate->openSummary();
     ui().bnCharts->click();
     delegate->showCalendarFrom(ui().bnCalendarFrom);
     delegate->preferences();
@@ -35,8 +38,8 @@ class Words : public LaunchedHome {
     delegate->aboutPanel()->show();
     QCoreApplication::processEvents();
     EXPECT_EQ(delegate->window()->size(), QSize(800, 800)) << "the words push the window open";
-    return {delegate->window(), delegate->preferencesSheet(), delegate->aboutPanel(), delegate->helpWindow(),
-            delegate->reportWindow()};
+    return {delegate->window(),     delegate->preferencesSheet(), delegate->aboutPanel(),
+            delegate->helpWindow(), delegate->reportWindow(),     delegate->summaryWindow()};
   }
 
   static QStringList textsOf(QWidget* root) {

@@ -83,6 +83,25 @@ TEST_F(Cli, SaysInOneLineWhatFailed) {
   run({u"export"_s, file(u"missing/a.csv"_s)}, 1);
 }
 
+TEST_F(Cli, SumsAnIntervalUp) {
+  const QStringList days = texts({"--from=2026-01-01", "--to=2026-01-03"});
+  for (const char* none : {"summary", "stats"})
+    run(QStringList(QString::fromLatin1(none)) + days + (none[1] == 'u' ? texts({"-"}) : QStringList()), 3);
+  writeBytes(file(u"a.csv"_s), "date,weight\n2026-01-02,72.5\n");
+  run({u"import"_s, file(u"a.csv"_s)});
+  EXPECT_TRUE(run(texts({"summary"}) + days + texts({"--paper=letter", "-"})).startsWith(u"%PDF"_s));
+  const QString pdf = file(u"a.PDF"_s), html = file(u"a.html"_s);
+  EXPECT_EQ(run(texts({"summary"}) + days + QStringList(pdf)),
+            u"Wrote the summary from 2026-01-01 to 2026-01-03 to %1.\n"_s.arg(pdf));
+  run(texts({"summary"}) + days + QStringList(html));
+  EXPECT_TRUE(bytesOf(pdf).startsWith("%PDF") && bytesOf(html).contains("data:image/svg+xml"));
+  EXPECT_TRUE(run(texts({"stats"}) + days).contains(u"72.5"_s));
+  for (const char* wrong : {"summary", "summary a.txt", "summary --mode=day a.pdf",
+                            "summary --paper=a5 a.pdf", "stats a.pdf", "stats --paper=a4"})
+    run(QString::fromLatin1(wrong).split(u' '), 2);
+  run(texts({"summary"}) + days + QStringList(file(u"missing/a.pdf"_s)), 1);
+}
+
 // The interval is the window's unless it is given; the document itself is tested where it is made.
 TEST_F(Cli, WritesTheReportOfAnInterval) {
   const QString pdf = file(u"a.pdf"_s);

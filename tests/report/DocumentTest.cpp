@@ -6,7 +6,7 @@
 
 #include "core/dates/Utils.h"
 #include "core/preferences/Preferences.h"
-#include "report/PrintSettings.h"
+#include "paper/PrintSettings.h"
 #include "report/ReportSection.h"
 #include "report/SanoviaReport.h"
 #include "support/ReportHome.h"
@@ -16,14 +16,14 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-class ReportDocuments : public ReportHome {
+class PaperDocuments : public ReportHome {
  protected:
-  ReportDocuments() {
+  PaperDocuments() {
     DBManager::sharedInstance();
     set(settings.userName, "Ann Marlow");
     set(settings.userBirthday, "1967-03-05 12:00:00 +0000");
   }
-  ~ReportDocuments() override { PrintSettings::setPaperSize({}); }
+  ~PaperDocuments() override { PrintSettings::setPaperSize({}); }
 
   static SanoviaReport report(int days) {
     const QDateTime end = Utils::dayEnd(at("2026-11-15T00:00:00"));
@@ -69,7 +69,7 @@ class ReportDocuments : public ReportHome {
   }
 };
 
-TEST_F(ReportDocuments, EachKindWithRowsHasItsSection) {
+TEST_F(PaperDocuments, EachKindWithRowsHasItsSection) {
   EXPECT_TRUE(report(15).isEmpty());
   EXPECT_EQ(report(15).createReportData(), QByteArray());
   EXPECT_FALSE(report(15).createReport(file(u"none.pdf"_s)));
@@ -99,7 +99,7 @@ TEST_F(ReportDocuments, EachKindWithRowsHasItsSection) {
   EXPECT_EQ(infoOf(saved(365), u"Pages"_s), u"24"_s);
 }
 
-TEST_F(ReportDocuments, SectionsStandUnderTheirHeads) {
+TEST_F(PaperDocuments, SectionsStandUnderTheirHeads) {
   const struct {
     qint64 recordType, days;
     float height;
@@ -127,7 +127,7 @@ TEST_F(ReportDocuments, SectionsStandUnderTheirHeads) {
   EXPECT_EQ(pageFooter(7, _text).at.y(), 750);
 }
 
-TEST_F(ReportDocuments, ContinuationsHaveTheSizeOfThePaper) {
+TEST_F(PaperDocuments, ContinuationsHaveTheSizeOfThePaper) {
   addGeneral();
   const QString letter = u"612 x 792 pts"_s;
   const QString a4 = u"595 x 842 pts"_s;
@@ -145,7 +145,7 @@ TEST_F(ReportDocuments, ContinuationsHaveTheSizeOfThePaper) {
   EXPECT_EQ(sizes(report(30).createReportData()), letter + u", "_s + letter);
 }
 
-TEST_F(ReportDocuments, ValuesAreWrittenBelow100Days) {
+TEST_F(PaperDocuments, ValuesAreWrittenBelow100Days) {
   // In winter, across a day of 23 hours and across one of 25.
   for (const char* end : {"2026-11-15T00:00:00", "2026-04-15T00:00:00", "2026-10-28T00:00:00"}) {
     const QDateTime last = Utils::dayEnd(at(end));
@@ -156,7 +156,7 @@ TEST_F(ReportDocuments, ValuesAreWrittenBelow100Days) {
   }
 }
 
-TEST_F(ReportDocuments, EveryWordAndValueIsFoundInEveryLanguage) {
+TEST_F(PaperDocuments, EveryWordAndValueIsFoundInEveryLanguage) {
   addAll();
   settings.userHeight.store(1.75F);
   for (const QString& locale : {u"en_US"_s, u"ru_RU"_s, u"de_DE"_s, u"es_ES"_s, u"zh_CN"_s}) {
@@ -187,7 +187,7 @@ TEST_F(ReportDocuments, EveryWordAndValueIsFoundInEveryLanguage) {
   }
 }
 
-TEST_F(ReportDocuments, SaysOfItselfTheSameTwiceAndInTheSameBytes) {
+TEST_F(PaperDocuments, SaysOfItselfTheSameTwiceAndInTheSameBytes) {
   addAll();
   set(settings.userName, "Ann & <Bob>");
   for (const auto& [place, pdfOffset, isoOffset] :
@@ -208,7 +208,7 @@ TEST_F(ReportDocuments, SaysOfItselfTheSameTwiceAndInTheSameBytes) {
   }
 }
 
-TEST_F(ReportDocuments, TheHeadLeavesOutWhatIsNotKnown) {
+TEST_F(PaperDocuments, TheHeadLeavesOutWhatIsNotKnown) {
   addGeneral();
   EXPECT_TRUE(
       textOf(saved(1)).contains(u"Name: Ann Marlow\nDate of birth: 05/03/1967\nPeriod: 15/11/2026"_s));
@@ -219,7 +219,7 @@ TEST_F(ReportDocuments, TheHeadLeavesOutWhatIsNotKnown) {
   EXPECT_TRUE(textOf(saved(1)).contains(u"Name:\nDate of birth:\nPeriod: 15/11/2026"_s));
 }
 
-TEST_F(ReportDocuments, AFailureLeavesTheOldFile) {
+TEST_F(PaperDocuments, AFailureLeavesTheOldFile) {
   addGeneral();
   const QString path = saved(1);
   const QByteArray before = bytesOf(path);

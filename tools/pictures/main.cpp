@@ -13,6 +13,7 @@
 #include "application/HelpWindow.h"
 #include "application/MainWindow.h"
 #include "application/PreferencesSheet.h"
+#include "application/SummaryWindow.h"
 #include "application/ToolkitWords.h"
 #include "core/foundation/Settings.h"
 #include "core/localisation/Language.h"
@@ -52,7 +53,8 @@ class Photographer {
   bool takeAll() {
     const bool saved = takeTablesAndPanels();
     const bool savedCharts = takeCharts();
-    return takeMenus() && takePreferences() && takeAbout() && takeHelp() && saved && savedCharts;
+    return takeMenus() && takePreferences() && takeAbout() && takeHelp() && takeSummary() && saved &&
+           savedCharts;
   }
 
  private:
@@ -160,6 +162,14 @@ class Photographer {
     if (_delegate->helpWindow() == nullptr) return true;  // no pages
     const bool saved = take(QStringLiteral("help"), _delegate->helpWindow());
     _delegate->helpWindow()->close();
+    return saved;
+  }
+
+  bool takeSummary() {
+    _delegate->openSummary();
+    if (_delegate->summaryWindow() == nullptr) return true;  // no value
+    const bool saved = take(QStringLiteral("summary"), _delegate->summaryWindow());
+    _delegate->summaryWindow()->close();
     return saved;
   }
 

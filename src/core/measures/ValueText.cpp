@@ -26,17 +26,6 @@ QString unitText(Measure::Unit unit) {
   return {};
 }
 
-// The unit's sign alone; empty for a word.
-QString unitSign(const Measure& measure) {
-  const bool metric = Preferences::isMetric();
-  switch (measure.unit) {
-    case Measure::Unit::Temperature: return word(metric ? "unit_celsius" : "unit_fahrenheit");
-    case Measure::Unit::Weight: return word(metric ? "unit_kg" : "unit_lbs");
-    case Measure::Unit::Fixed: break;
-  }
-  return *measure.unitKey == '\0' ? QString() : word(measure.unitKey);
-}
-
 const char* positionKey(const NormBand& norm, double value) {
   const auto single = static_cast<float>(value);
   if (single < norm.low) return "norm_below";
@@ -104,6 +93,16 @@ QString valueText(const Measure& measure, const RecordRef& record) {
     case Measure::Display::AppetiteWord: return wordOf(measure, whole);
   }
   return {};
+}
+
+QString unitSign(const Measure& measure) {
+  const bool metric = Preferences::isMetric();
+  switch (measure.unit) {
+    case Measure::Unit::Temperature: return word(metric ? "unit_celsius" : "unit_fahrenheit");
+    case Measure::Unit::Weight: return word(metric ? "unit_kg" : "unit_lbs");
+    case Measure::Unit::Fixed: break;
+  }
+  return *measure.unitKey == '\0' ? QString() : word(measure.unitKey);
 }
 
 QString dateOf(const RecordRef& record) {

@@ -37,6 +37,9 @@ std::optional<double> dayValue(const Measure& measure, const RecordRef& record);
 // The text of the day's value; empty when there is none.
 QString valueText(const Measure& measure, const RecordRef& record);
 
+// The sign of the unit in which the measure is shown; empty for a word.
+QString unitSign(const Measure& measure);
+
 // The record's date, "yyyy-MM-dd"; a null string when there is no record.
 QString dateOf(const RecordRef& record);
 

@@ -1,6 +1,7 @@
-#include "report/PrintSettings.h"
+#include "paper/PrintSettings.h"
 
 #include <QLocale>
+#include <QSizeF>
 
 #include <algorithm>
 
@@ -35,5 +36,11 @@ QPageSize usual() {
 QPageSize PrintSettings::paperSize() { return chosen().isValid() ? chosen() : usual(); }
 
 void PrintSettings::setPaperSize(const QPageSize& size) { chosen() = size; }
+
+void PrintSettings::choosePaper(const QSizeF& points) {
+  if (points.isEmpty()) return;
+  const QSizeF upright = points.width() > points.height() ? points.transposed() : points;
+  setPaperSize(QPageSize(upright, QPageSize::Point, QString(), QPageSize::FuzzyMatch));
+}
 
 }  // namespace sanovia

@@ -1,4 +1,4 @@
-#include "report/PdfFinish.h"
+#include "paper/PdfFinish.h"
 
 #include <QXmlStreamWriter>
 #include <qpdf/QPDF.hh>
@@ -10,9 +10,9 @@
 #include <string>
 
 #include "core/foundation/Log.h"
-#include "report/DrawnTexts.h"
-#include "report/PdfSigns.h"
-#include "report/ReportDocument.h"
+#include "paper/DrawnTexts.h"
+#include "paper/PaperDocument.h"
+#include "paper/PdfSigns.h"
 
 namespace sanovia {
 namespace {
@@ -128,7 +128,7 @@ void rename(Handle font) {
 void finishFonts(QPDF& document, const std::vector<TypedFace>& faces) {
   const std::vector<Handle> fonts = fontsOf(document);
   const bool areKnown = fonts.size() == faces.size();
-  if (!areKnown) logLine(QStringLiteral("report: its fonts are not those that were drawn with"));
+  if (!areKnown) logLine(QStringLiteral("document: its fonts are not those that were drawn with"));
   for (size_t i = 0; i < fonts.size(); ++i) {
     rename(fonts[i]);
     Handle map = Handle(fonts[i]).getKey("/ToUnicode");
@@ -149,7 +149,7 @@ QByteArray finished(const QByteArray& bytes, const DocumentInfo& info, const std
   QPDF document;
   document.setSuppressWarnings(true);
   document.setAttemptRecovery(false);
-  document.processMemoryFile("report", bytes.constData(), static_cast<size_t>(bytes.size()));
+  document.processMemoryFile("document", bytes.constData(), static_cast<size_t>(bytes.size()));
   replaceInfo(document, info);
   describe(document, info);
   finishFonts(document, faces);
@@ -164,7 +164,7 @@ QByteArray finishedPdf(const QByteArray& bytes, const DocumentInfo& info,
   try {
     return finished(bytes, info, faces);
   } catch (const std::exception& fault) {
-    logLine(QStringLiteral("report not finished: ") + QString::fromLocal8Bit(fault.what()));
+    logLine(QStringLiteral("document not finished: ") + QString::fromLocal8Bit(fault.what()));
     return bytes;
   }
 }

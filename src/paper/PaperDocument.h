@@ -1,5 +1,5 @@
-// The PDF document that a report is painted into: pages of any size, whose unit is the point, and at the end
-// its bytes.
+// The PDF document that a report or a summary is painted into: pages of any size, whose unit is the point,
+// and at the end its bytes.
 #pragma once
 
 #include <QBuffer>
@@ -8,7 +8,7 @@
 #include <QPainter>
 #include <QPdfWriter>
 
-#include "report/PdfFinish.h"
+#include "paper/PdfFinish.h"
 
 namespace sanovia {
 
@@ -20,9 +20,9 @@ struct DocumentInfo {
   QDateTime created;
 };
 
-class ReportDocument {
+class PaperDocument {
  public:
-  explicit ReportDocument(DocumentInfo info);
+  explicit PaperDocument(DocumentInfo info);
 
   // Closes the page and begins the next one, which is of that size.
   void beginPage(const QPageSize& size);

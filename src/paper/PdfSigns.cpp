@@ -1,4 +1,4 @@
-#include "report/PdfSigns.h"
+#include "paper/PdfSigns.h"
 
 #include <QHash>
 #include <QStringDecoder>
@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "core/foundation/Log.h"
-#include "report/DrawnTexts.h"
+#include "paper/DrawnTexts.h"
 
 namespace sanovia {
 namespace {
@@ -113,7 +113,7 @@ PdfSigns typedSigns(PdfSigns signs, const TypedFace& face) {
     if (!named.contains(drawn.glyph)) names.push_back(drawn.text);
   const std::vector<unsigned> codes = namelessCodes(signs, face.glyphs.size());
   if (codes.size() != names.size()) {
-    logLine(QStringLiteral("report: glyphs of %1 stay without a name").arg(face.font.familyName()));
+    logLine(QStringLiteral("document: glyphs of %1 stay without a name").arg(face.font.familyName()));
     return signs;
   }
   for (size_t i = 0; i < codes.size(); ++i)

@@ -1,4 +1,4 @@
-// The paper that the report is printed on, shared by saving and printing.
+// The paper that is printed on, shared by saving and printing.
 #pragma once
 
 #include <QPageSize>
@@ -12,6 +12,8 @@ class PrintSettings {
   static QPageSize paperSize();
   // An invalid size brings the usual paper back.
   static void setPaperSize(const QPageSize& size);
+  // The paper of a printer's choice in points, upright whichever way it lies; an empty size chooses nothing.
+  static void choosePaper(const QSizeF& points);
 
   PrintSettings() = delete;
 };

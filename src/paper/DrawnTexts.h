@@ -11,7 +11,7 @@
 #include <utility>
 #include <vector>
 
-#include "report/PaperText.h"
+#include "paper/PaperText.h"
 
 namespace sanovia {
 

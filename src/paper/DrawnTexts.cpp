@@ -1,4 +1,4 @@
-#include "report/DrawnTexts.h"
+#include "paper/DrawnTexts.h"
 
 #include <QGlyphRun>
 #include <QTextBoundaryFinder>

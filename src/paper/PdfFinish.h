@@ -7,7 +7,7 @@
 
 #include <vector>
 
-#include "report/DrawnTexts.h"
+#include "paper/DrawnTexts.h"
 
 namespace sanovia {
 

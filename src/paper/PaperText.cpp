@@ -1,4 +1,4 @@
-#include "report/PaperText.h"
+#include "paper/PaperText.h"
 
 #include <QFontInfo>
 #include <QFontMetricsF>
@@ -10,7 +10,7 @@ const QString kPlainFamily = QStringLiteral("Sans Serif");
 // Has the Chinese signs in the forms of the mainland, where the plain family has none.
 const QString kChineseFamily = QStringLiteral("Noto Sans CJK SC");
 // Spacing as it is, said aloud: the toolkit then joins no letters to ligatures, which are not found by who
-// searches the report for a word.
+// searches the document for a word.
 constexpr qreal kUsualSpacing = 100.0;
 
 // The family that stands behind the plain one on this machine.

@@ -1,4 +1,4 @@
-#include "report/ReportDocument.h"
+#include "paper/PaperDocument.h"
 
 #include <QPageLayout>
 
@@ -11,12 +11,12 @@ constexpr int kPointsPerInch = 72;
 
 }  // namespace
 
-ReportDocument::ReportDocument(DocumentInfo info) : _info(std::move(info)) {
+PaperDocument::PaperDocument(DocumentInfo info) : _info(std::move(info)) {
   _buffer.open(QIODevice::WriteOnly);
   _writer.setResolution(kPointsPerInch);
 }
 
-void ReportDocument::beginPage(const QPageSize& size) {
+void PaperDocument::beginPage(const QPageSize& size) {
   _writer.setPageLayout(QPageLayout(size, QPageLayout::Portrait, QMarginsF()));
   if (_painter.isActive())
     _writer.newPage();
@@ -24,7 +24,7 @@ void ReportDocument::beginPage(const QPageSize& size) {
     _painter.begin(&_writer);
 }
 
-QByteArray ReportDocument::bytes(const std::vector<TypedFace>& faces) {
+QByteArray PaperDocument::bytes(const std::vector<TypedFace>& faces) {
   _painter.end();
   return finishedPdf(_bytes, _info, faces);
 }

@@ -1,5 +1,5 @@
-// The texts of the report: their fonts, how large they are, and where they lie. The fonts are those that the
-// machine names for plain sans serif text and not those of the desktop, so that one diary gives one report,
+// The texts on paper: their fonts, how large they are, and where they lie. The fonts are those that the
+// machine names for plain sans serif text and not those of the desktop, so that one diary gives one document,
 // from the window and from the prompt.
 #pragma once
 
@@ -32,7 +32,7 @@ struct TextMark {
   QColor color = palette::black;
 };
 
-// Measures texts, each once: dates and values stand in a report again and again.
+// Measures texts, each once: dates and values stand in a document again and again.
 class PaperText {
  public:
   const QFont& font(PaperFont font) const { return faceOf(font).font; }

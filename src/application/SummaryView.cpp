@@ -1,0 +1,97 @@
+#include "application/SummaryView.h"
+
+#include <QMimeData>
+#include <QScrollBar>
+#include <QTextDocumentFragment>
+#include <QWheelEvent>
+
+#include <algorithm>
+
+#include "drawing/Palette.h"
+#include "summary/SummaryHtml.h"
+#include "ui/controls/Scroller.h"
+
+namespace sanovia {
+namespace {
+
+constexpr double kSheetMargin = 24;
+constexpr double kLeastZoom = 0.5;
+constexpr double kMostZoom = 4;
+constexpr double kWheelStep = 1.1;
+
+}  // namespace
+
+SummaryView::SummaryView(QWidget* parent) : QTextEdit(parent) {
+  setReadOnly(true);
+  setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+  setFrameShape(QFrame::NoFrame);
+  setLineWrapMode(QTextEdit::FixedPixelWidth);
+  QPalette colours = palette();
+  colours.setColor(QPalette::Base, palette::white);
+  colours.setColor(QPalette::Text, palette::black);
+  colours.setColor(QPalette::Highlight, palette::teal);
+  colours.setColor(QPalette::HighlightedText, palette::white);
+  setPalette(colours);
+  for (QScrollBar* bar : {verticalScrollBar(), horizontalScrollBar()}) dressScroller(bar, palette::white);
+}
+
+SummaryView::~SummaryView() { setDocument(nullptr); }
+
+void SummaryView::showSummary(std::shared_ptr<HealthSummary> summary) {
+  setDocument(nullptr);
+  _built = {};
+  _summary = std::move(summary);
+  lay();
+  moveCursor(QTextCursor::Start);
+}
+
+void SummaryView::lay() {
+  const double scale = kScreenScale * _zoom;
+  const double margin = kSheetMargin * _zoom;
+  BuiltSummary built = _summary->onScreen(scale);
+  built.document->setDocumentMargin(margin);
+  setDocument(built.document.get());
+  setLineWrapColumnOrWidth(qRound(_summary->width() * scale + 2 * margin));
+  _built = std::move(built);
+}
+
+void SummaryView::setZoom(double zoom) {
+  _zoom = std::clamp(zoom, kLeastZoom, kMostZoom);
+  if (!_summary) return;
+  const QTextCursor before = textCursor();
+  const int anchor = before.anchor();
+  const int position = before.position();
+  lay();
+  QTextCursor after(document());
+  after.setPosition(anchor);
+  after.setPosition(position, QTextCursor::KeepAnchor);
+  setTextCursor(after);
+}
+
+bool SummaryView::findText(const QString& text, bool backward) {
+  const QTextDocument::FindFlags way = backward ? QTextDocument::FindBackward : QTextDocument::FindFlags();
+  if (text.isEmpty()) return true;
+  if (find(text, way)) return true;
+  const QTextCursor before = textCursor();
+  moveCursor(backward ? QTextCursor::End : QTextCursor::Start);
+  if (find(text, way)) return true;
+  setTextCursor(before);
+  return false;
+}
+
+// The toolkit's own data would be made anew when somebody asks for it.
+QMimeData* SummaryView::createMimeDataFromSelection() const {
+  auto* data = new QMimeData;
+  const QTextDocumentFragment selected = textCursor().selection();
+  data->setText(selected.toPlainText().remove(QChar::ObjectReplacementCharacter));
+  if (_built.objects != nullptr) data->setHtml(withDrawings(selected.toHtml(), *_built.objects));
+  return data;
+}
+
+void SummaryView::wheelEvent(QWheelEvent* event) {
+  if (!event->modifiers().testFlag(Qt::ControlModifier)) return QTextEdit::wheelEvent(event);
+  setZoom(event->angleDelta().y() > 0 ? _zoom * kWheelStep : _zoom / kWheelStep);
+  event->accept();
+}
+
+}  // namespace sanovia
