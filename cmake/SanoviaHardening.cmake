@@ -6,7 +6,9 @@ if(NOT APPLE AND NOT CMAKE_BUILD_TYPE STREQUAL "Debug")
   include(CheckPIESupported)
   check_pie_supported()
   set(CMAKE_POSITION_INDEPENDENT_CODE ON)
-  target_compile_options(sanovia_hardening INTERFACE -fstack-protector-strong -fstack-clash-protection -U_FORTIFY_SOURCE)
-  target_compile_definitions(sanovia_hardening INTERFACE _GLIBCXX_ASSERTIONS _FORTIFY_SOURCE=3)
+  target_compile_options(sanovia_hardening INTERFACE -fstack-protector-strong -fstack-clash-protection
+    # In this order: a compiler may define a lower one by itself.
+    -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=3)
+  target_compile_definitions(sanovia_hardening INTERFACE _GLIBCXX_ASSERTIONS)
   target_link_options(sanovia_hardening INTERFACE -Wl,-z,relro,-z,now)
 endif()

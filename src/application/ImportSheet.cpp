@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QTableWidget>
 
 #include <utility>
@@ -20,6 +21,7 @@
 #include "drawing/Fonts.h"
 #include "drawing/Palette.h"
 #include "ui/controls/HouseStyle.h"
+#include "ui/controls/Scroller.h"
 
 namespace sanovia {
 namespace {
@@ -34,7 +36,7 @@ constexpr int kImportHeadingPixels = 20;
 constexpr int kColumnsHeight = 170;
 constexpr size_t kShownDays = 20;
 constexpr size_t kShownReplaced = 3;
-constexpr size_t kShownFaults = 4;
+constexpr qsizetype kShownFaults = 4;
 
 // What a column may be taken for, as the boxes list it.
 struct Meaning {
@@ -173,7 +175,9 @@ void ImportSheet::addColumns(QVBoxLayout* rows) {
   scroll->setWidgetResizable(true);
   scroll->setFrameShape(QFrame::NoFrame);
   scroll->setMinimumHeight(kColumnsHeight);
-  scroll->viewport()->setAutoFillBackground(false);
+  content->setObjectName(QStringLiteral("columns"));
+  scroll->setStyleSheet(QStringLiteral("#columns { background: %1 }").arg(palette::white.name()));
+  dressScroller(scroll->verticalScrollBar(), palette::teal);
   rows->addWidget(scroll, 1);
 }
 
@@ -197,9 +201,9 @@ void ImportSheet::look() {
   if (preview == nullptr) {
     lines.append(filled(word("import_no_diary"), std::get<FileError>(result).text));
   } else if (!preview->faults.empty()) {
-    for (size_t i = 0; i < std::min(kShownFaults, preview->faults.size()); ++i)
-      lines.append(faultWords(preview->faults[i]));
-    if (preview->faults.size() > kShownFaults) lines.append(QStringLiteral("…"));
+    for (const ParseFault& fault : preview->faults) lines.append(faultWords(fault));
+    lines.removeDuplicates();
+    if (lines.size() > kShownFaults) lines = lines.first(kShownFaults) + QStringList(QStringLiteral("…"));
   } else {
     lines.append(filled(filled(filled(word("import_counts"), preview->newDays), preview->changedDays),
                         preview->sameDays));

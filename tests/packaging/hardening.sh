@@ -19,8 +19,10 @@ for program in "$1"/bin/sanovia "$1"/bin/sanovia-cli "$scratch"/package/usr/bin/
   expect "$program" "read-only relocations" 'GNU_RELRO'
   expect "$program" "immediate binding" 'FLAGS_1.* NOW'
   expect "$program" "stack protector" 'UND __stack_chk_fail'
-  expect "$program" "checked calls" 'UND __[a-z]+_chk'
   expect "$program" "checked containers" 'UND _ZSt21__glibcxx_assert_fail'
 done
+# Which calls of the C library are checked depends on which there are, so that this is read where it was built.
+unchecked=$(grep '"command"' "$1/compile_commands.json" | grep '/src/' | grep -vcE -- '-O2 .*-U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=3') || true
+[ "$unchecked" = 0 ] || { echo "$unchecked sources are built without checked calls" >&2; failed=1; }
 [ $failed = 0 ] && echo "the programs and those of the package are hardened"
 exit $failed
