@@ -7,6 +7,8 @@
 #include <QScrollArea>
 #include <QScrollBar>
 
+#include "core/foundation/NotificationCenter.h"
+#include "core/localisation/Language.h"
 #include "drawing/Fonts.h"
 #include "drawing/Palette.h"
 #include "ui/controls/HouseStyle.h"
@@ -41,6 +43,9 @@ MainWindow::MainWindow() : _ui(std::make_unique<Ui::MainWindow>()) {
   makeContentScroll();
   makePersonButton();
   keepLanguageKeys(this);
+  // The button's word is another one in each language.
+  NotificationCenter::defaultCenter().addObserver(this, RefreshLanguageNotification,
+                                                  [this] { placePersonButton(); });
 }
 
 MainWindow::~MainWindow() = default;

@@ -30,6 +30,13 @@ TEST_F(LaunchTest, FirstRunShowsTwoWeeksOfGeneralConditionInATable) {
   EXPECT_NE(table().hint(), QString());
   QPushButton* person = delegate->window()->personButton();
   EXPECT_TRUE(person->isVisible());
+  for (const char* language : {"ru", "de", "es", "zh", "en"}) {
+    setLocale(QLatin1StringView(language));
+    relaunch();
+    person = delegate->window()->personButton();
+    EXPECT_GE(person->width(), person->sizeHint().width()) << language;
+    EXPECT_TRUE(delegate->window()->rect().contains(person->geometry()));
+  }
   addRow("blood", "2020-01-01");
   settings.userBirthday.store(u"1980-01-01 12:00:00 +0000"_s);
   delegate->dataIsPresent();
