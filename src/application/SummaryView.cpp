@@ -81,11 +81,11 @@ bool SummaryView::findText(const QString& text, bool backward) {
 
 // The toolkit's own data would be made anew when somebody asks for it.
 QMimeData* SummaryView::createMimeDataFromSelection() const {
-  auto* data = new QMimeData;
+  auto* content = new QMimeData;
   const QTextDocumentFragment selected = textCursor().selection();
-  data->setText(selected.toPlainText().remove(QChar::ObjectReplacementCharacter));
-  if (_built.objects != nullptr) data->setHtml(withDrawings(selected.toHtml(), *_built.objects));
-  return data;
+  content->setText(selected.toPlainText().remove(QChar::ObjectReplacementCharacter));
+  if (_built.objects != nullptr) content->setHtml(withDrawings(selected.toHtml(), *_built.objects));
+  return content;
 }
 
 void SummaryView::wheelEvent(QWheelEvent* event) {

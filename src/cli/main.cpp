@@ -87,7 +87,8 @@ const Command kCommands[] = {
      }},
     {kSummary,
      {kFrom, kTo, kPaper},
-     true,
+     1,
+     1,
      [](const QString& file, const QCommandLineParser& parser) {
        return runSummary(
            file,
