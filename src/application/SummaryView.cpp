@@ -15,8 +15,8 @@ namespace sanovia {
 namespace {
 
 constexpr double kSheetMargin = 24;
-constexpr double kLeastZoom = 0.5;
-constexpr double kMostZoom = 4;
+constexpr double kLeastSummaryZoom = 0.5;
+constexpr double kMostSummaryZoom = 4;
 constexpr double kWheelStep = 1.1;
 
 }  // namespace
@@ -56,7 +56,7 @@ void SummaryView::lay() {
 }
 
 void SummaryView::setZoom(double zoom) {
-  _zoom = std::clamp(zoom, kLeastZoom, kMostZoom);
+  _zoom = std::clamp(zoom, kLeastSummaryZoom, kMostSummaryZoom);
   if (!_summary) return;
   const QTextCursor before = textCursor();
   const int anchor = before.anchor();

@@ -32,7 +32,7 @@ PromptInterval promptInterval(const QString& givenFrom, const QString& givenTo) 
   const bool isMovedUp =
       from.isValid() && to.isValid() && from < Utils::dayStart(DateInterval::earliestStart(to));
   if (isMovedUp) from = DateInterval::earliestStart(to);
-  const PromptInterval interval{givenFrom, givenTo, from.isValid() ? Utils::dayStart(from) : from,
+  PromptInterval interval{givenFrom, givenTo, from.isValid() ? Utils::dayStart(from) : from,
                                 to.isValid() ? Utils::dayEnd(to) : to};
   if (isMovedUp)
     write(stderr, QStringLiteral("sanovia-cli: an interval has at most %1 days; this one starts on %2\n")

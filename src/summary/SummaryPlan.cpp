@@ -166,7 +166,7 @@ class PlanMaker {
   }
 
   QString testText(const MeasureSummary& row, double value) const {
-    const QString text = _format.value(*row.measure, value);
+    QString text = _format.value(*row.measure, value);
     const int side = row.norm ? sideOf(value, *row.norm) : 0;
     if (side == 0) return text;
     return text + u' ' + QString::fromLatin1(side < 0 ? kBelowLetter : kAboveLetter);

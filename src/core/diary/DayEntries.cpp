@@ -34,7 +34,7 @@ Entry entryOf(const RecordRef& record) {
         if constexpr (std::is_same_v<std::remove_cvref_t<decltype(held)>, std::monostate>)
           return {};
         else
-          return DayEntry{held, *held};
+          return DayEntry<std::remove_cvref_t<decltype(*held)>>{held, *held};
       },
       record);
 }

@@ -72,7 +72,7 @@ void tighten(const QString& path, mode_t left) {
 std::optional<QString> OwnFiles::refusal(const QString& file) {
   struct stat status {};
   if (statusOf(file, status))
-    if (const auto reason = refusalOf(status)) return reason;
+    if (auto reason = refusalOf(status)) return reason;
   const QString place = placeOf(file);
   for (const OwnFile& own : ownFiles())
     if (place == placeOf(own.path)) return QString::fromLatin1(own.refusal);

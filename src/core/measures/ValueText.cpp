@@ -126,7 +126,7 @@ QString dayPhrase(const Measure& measure, const RecordRef& record) {
   if (!value) return word("not_entered");
   const QString unit = unitSign(measure);
   const QString text = valueText(measure, record);
-  const QString shown = unit.isEmpty() ? text : text + QLatin1Char(' ') + unit;
+  QString shown = unit.isEmpty() ? text : text + QLatin1Char(' ') + unit;
   const std::optional<NormBand> norm = normOf(measure, personOfPreferences());
   if (!norm) return shown;
   const QString phrase = filled(word(positionKey(*norm, *value)), shown);

@@ -49,7 +49,11 @@ Popover::Popover(QWidget* window, QWidget* content) : QWidget(window), _content(
   hide();
 }
 
-Popover::~Popover() { qApp->removeEventFilter(this); }
+// The keyboard goes elsewhere while the content ends.
+Popover::~Popover() {
+  qApp->removeEventFilter(this);
+  disconnect(qApp, nullptr, this, nullptr);
+}
 
 void Popover::showRelativeTo(QWidget* anchor) {
   _anchor = anchor;

@@ -20,6 +20,7 @@
 #include "ui/controls/StepButton.h"
 #include "ui/controls/WhiteSlider.h"
 #include "ui/entry/ClearMark.h"
+#include "ui/entry/NumberField.h"
 
 namespace sanovia {
 namespace {
@@ -76,6 +77,12 @@ EditAnimationView::EditAnimationView(QWidget* parent)
     nameControls();
     update();
   });
+}
+
+// The keyboard goes elsewhere while the children end, which is no longer this panel's business.
+EditAnimationView::~EditAnimationView() {
+  disconnect(qApp, nullptr, this, nullptr);
+  disconnect(_numberField, nullptr, this, nullptr);
 }
 
 int EditAnimationView::columnCount() const {

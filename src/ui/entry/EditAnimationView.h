@@ -32,6 +32,7 @@ class EditAnimationView : public AnimationView, public DayEditor {
   static constexpr int kMinusOffset = 10;
 
   explicit EditAnimationView(QWidget* parent = nullptr);
+  ~EditAnimationView() override;
 
   bool opened() const override { return AnimationView::opened(); }
   bool isAnimating() const override { return AnimationView::isAnimating(); }
