@@ -18,8 +18,8 @@ class Ending : public QObject {
   Ending();
   ~Ending() override;
 
-  // What keeps for the next run what is to be kept: called when the desk's session ends, which the program may
-  // survive, and when the process exits without its event loop.
+  // What keeps for the next run what is to be kept: called when the desk's session ends, which the program
+  // may survive, and when the process exits without its event loop.
   void setStoring(std::function<void()> store);
 
  private:

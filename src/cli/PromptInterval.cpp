@@ -33,7 +33,7 @@ PromptInterval promptInterval(const QString& givenFrom, const QString& givenTo) 
       from.isValid() && to.isValid() && from < Utils::dayStart(DateInterval::earliestStart(to));
   if (isMovedUp) from = DateInterval::earliestStart(to);
   PromptInterval interval{givenFrom, givenTo, from.isValid() ? Utils::dayStart(from) : from,
-                                to.isValid() ? Utils::dayEnd(to) : to};
+                          to.isValid() ? Utils::dayEnd(to) : to};
   if (isMovedUp)
     write(stderr, QStringLiteral("sanovia-cli: an interval has at most %1 days; this one starts on %2\n")
                       .arg(DateInterval::kMostDays)

@@ -8,8 +8,8 @@
 #include "core/licensing/Licensing.h"
 #include "core/localisation/Language.h"
 #include "core/preferences/Preferences.h"
-#include "paper/PrintSettings.h"
 #include "paper/PaperDocument.h"
+#include "paper/PrintSettings.h"
 #include "report/ReportPainter.h"
 #include "report/ReportSection.h"
 

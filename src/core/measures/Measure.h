@@ -82,8 +82,8 @@ struct PlausibleRange {
   const char* source = "";  // for engineers
 };
 
-// The name of a measure between clinics: its code and words in LOINC. Without a code the words alone stand for
-// it.
+// The name of a measure between clinics: its code and words in LOINC. Without a code the words alone stand
+// for it.
 struct ClinicalName {
   const char* loinc = "";
   const char* words = "";
