@@ -1,6 +1,9 @@
 #include "cli/CopyCommands.h"
 
 #include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QRegularExpression>
 
 #include "cli/Console.h"
@@ -17,19 +20,39 @@ QString countOf(qint64 count, const char* noun) {
          (count == 1 ? QString() : QStringLiteral("s"));
 }
 
-int listCopies() {
+void writeJson(const QJsonDocument& document) { write(stdout, document.toJson(QJsonDocument::Indented)); }
+
+QString lineOf(const DiaryCopy& copy, const CopySummary& known) {
+  return QStringLiteral("%1  %2, last entry %3  %4%5")
+      .arg(copy.date.toString(Qt::ISODate), countOf(known.days, "day"),
+           known.lastEntry.isEmpty() ? QStringLiteral("none") : known.lastEntry, copy.file,
+           copy.isKept ? QStringLiteral("  (kept before a change)") : QString());
+}
+
+// What is not known is null.
+QJsonObject objectOf(const DiaryCopy& copy, const CopySummary& known) {
+  return {{QStringLiteral("date"), copy.date.toString(Qt::ISODate)},
+          {QStringLiteral("days"), known.days},
+          {QStringLiteral("lastEntry"), known.lastEntry.isEmpty() ? QJsonValue() : known.lastEntry},
+          {QStringLiteral("file"), copy.file},
+          {QStringLiteral("kept"), copy.isKept}};
+}
+
+int listCopies(bool inJson) {
+  QJsonArray list;
   for (const DiaryCopy& copy : diaryCopies()) {
     const auto summary = summaryOf(copy.file);
     if (const auto* error = std::get_if<FileError>(&summary)) {
-      say(error->text);
+      write(stderr, (error->text + QLatin1Char('\n')).toLocal8Bit());
       continue;
     }
     const auto& known = std::get<CopySummary>(summary);
-    say(QStringLiteral("%1  %2, last entry %3  %4%5")
-            .arg(copy.date.toString(Qt::ISODate), countOf(known.days, "day"),
-                 known.lastEntry.isEmpty() ? QStringLiteral("none") : known.lastEntry, copy.file,
-                 copy.isKept ? QStringLiteral("  (kept before a change)") : QString()));
+    if (inJson)
+      list.append(objectOf(copy, known));
+    else
+      say(lineOf(copy, known));
   }
+  if (inJson) writeJson(QJsonDocument(list));
   return Done;
 }
 
@@ -48,14 +71,27 @@ std::variant<QString, int> chosenFile(const QString& file, const QString& date) 
   return copy->file;
 }
 
-int repair() {
+int tellFindings(const QStringList& findings, bool inJson) {
+  if (inJson) {
+    writeJson(QJsonDocument(QJsonObject{{QStringLiteral("diary"), Paths::databaseFile()},
+                                        {QStringLiteral("whole"), findings.isEmpty()},
+                                        {QStringLiteral("findings"), QJsonArray::fromStringList(findings)}}));
+  } else {
+    for (const QString& finding : findings) say(finding);
+    if (findings.isEmpty()) say(QStringLiteral("The diary is whole."));
+  }
+  return findings.isEmpty() ? Done : Failed;
+}
+
+int repair(bool inJson) {
   const auto kept = keepDiary();
   if (const auto* error = std::get_if<FileError>(&kept)) return fail(Failed, error->text);
   const auto merged = mergeDoubleDays();
   if (const auto* error = std::get_if<FileError>(&merged)) return fail(Failed, error->text);
-  say(QStringLiteral("Merged %1 that had several rows. The earlier diary is kept as %2.")
-          .arg(countOf(std::get<qint64>(merged), "day"), std::get<QString>(kept)));
-  return runCheck(false);
+  if (!inJson)
+    say(QStringLiteral("Merged %1 that had several rows. The earlier diary is kept as %2.")
+            .arg(countOf(std::get<qint64>(merged), "day"), std::get<QString>(kept)));
+  return runCheck(false, inJson);
 }
 
 }  // namespace
@@ -69,7 +105,8 @@ int runBackup(const QString& file) {
 int runRestore(const QString& file, const RestoreOptions& options) {
   if (options.lists && (!file.isNull() || !options.date.isNull() || options.onlyMissing))
     return refuse(QStringLiteral("restore --list takes nothing else"));
-  if (options.lists) return listCopies();
+  if (options.inJson && !options.lists) return refuse(QStringLiteral("--json goes with restore --list"));
+  if (options.lists) return listCopies(options.inJson);
   const auto chosen = chosenFile(file, options.date);
   if (const int* status = std::get_if<int>(&chosen)) return *status;
   const auto& source = std::get<QString>(chosen);
@@ -86,8 +123,9 @@ int runRestore(const QString& file, const RestoreOptions& options) {
   return Done;
 }
 
-int runCheck(bool repairs) {
+int runCheck(bool repairs, bool inJson) {
   if (!QFile::exists(Paths::databaseFile())) {
+    if (inJson) return tellFindings({}, true);
     say(QStringLiteral("There is no diary yet."));
     return Done;
   }
@@ -96,11 +134,7 @@ int runCheck(bool repairs) {
   const auto& findings = std::get<QStringList>(result);
   const bool hasDoubleDays =
       findings.indexOf(QRegularExpression(QStringLiteral("^\\w+: \\S+ has \\d+ rows$"))) != -1;
-  if (repairs && hasDoubleDays) return repair();
-  for (const QString& finding : findings) say(finding);
-  if (!findings.isEmpty()) return Failed;
-  say(QStringLiteral("The diary is whole."));
-  return Done;
+  return repairs && hasDoubleDays ? repair(inJson) : tellFindings(findings, inJson);
 }
 
 }  // namespace sanovia

@@ -10,12 +10,13 @@ struct RestoreOptions {
   // "yyyy-MM-dd"; null when not given.
   QString date;
   bool onlyMissing = false;
+  bool inJson = false;  // the list
 };
 
-// Each speaks to the person; the exit status.
+// Each speaks to the person, or in JSON to a program; the exit status.
 int runBackup(const QString& file);
 // The file is null when none is given.
 int runRestore(const QString& file, const RestoreOptions& options);
-int runCheck(bool repairs);
+int runCheck(bool repairs, bool inJson);
 
 }  // namespace sanovia

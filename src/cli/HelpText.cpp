@@ -83,7 +83,7 @@ Options of export, report, summary and stats:
                    an export the first there is. An interval has at most 36525
                    days.
   --to DATE        The last day; the same.
-  --json           import and stats: print JSON, in full precision.
+  --json           import, stats, check and restore --list: print JSON.
   --paper PAPER    report, summary: a4 or letter, the paper of the summary and of
                    the report's tables that run on; what LC_PAPER says, or is
                    usual in your country, if not given.

@@ -55,14 +55,10 @@ QString limits(const NormLimits& norm) {
       .text();
 }
 
-// A count for each value that the field can hold, and for others that are there.
+// The days of each value that occurs.
 QString countsText(const MeasureSummary& row) {
-  std::map<qint64, qint64> counts = occurrences(row.values);
-  for (auto value = static_cast<qint64>(row.measure->holdsFrom);
-       value <= static_cast<qint64>(row.measure->holdsTo); ++value)
-    counts.try_emplace(value, 0);
   JsonObject object;
-  for (const auto& [value, count] : counts) object.add(number(value), number(count));
+  for (const auto& [value, count] : occurrences(row.values)) object.add(number(value), number(count));
   return object.text();
 }
 

@@ -107,17 +107,20 @@ const Command kCommands[] = {
      1,
      [](const QString& file, const QCommandLineParser&) { return runBackup(file); }},
     {QStringLiteral("restore"),
-     {kList, kDate, kMissing},
+     {kList, kDate, kMissing, kJson},
      0,
      1,
      [](const QString& file, const QCommandLineParser& parser) {
-       return runRestore(file, {parser.isSet(kList), valueOf(parser, kDate), parser.isSet(kMissing)});
+       return runRestore(
+           file, {parser.isSet(kList), valueOf(parser, kDate), parser.isSet(kMissing), parser.isSet(kJson)});
      }},
     {QStringLiteral("check"),
-     {kRepair},
+     {kRepair, kJson},
      0,
      0,
-     [](const QString&, const QCommandLineParser& parser) { return runCheck(parser.isSet(kRepair)); }},
+     [](const QString&, const QCommandLineParser& parser) {
+       return runCheck(parser.isSet(kRepair), parser.isSet(kJson));
+     }},
 };
 
 bool takes(const Command& command, const QString& option) {
