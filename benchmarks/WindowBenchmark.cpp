@@ -11,6 +11,7 @@
 #include "BareReport.h"
 #include "OpenCharts.h"
 #include "OpenWindow.h"
+#include "application/Papers.h"
 #include "application/ReportWindow.h"
 #include "core/foundation/Paths.h"
 
@@ -94,7 +95,7 @@ void openReport(benchmark::State& state) {
     open.delegate().openReport();
     OpenWindow::settle();
     state.PauseTiming();
-    open.delegate().reportWindow()->close();
+    open.delegate().papers().reportWindow()->close();
     OpenWindow::settle();
     state.ResumeTiming();
   }

@@ -7,8 +7,7 @@
 
 #include "application/HelpWindow.h"
 #include "application/MainWindow.h"
-#include "application/ReportWindow.h"
-#include "application/SummaryWindow.h"
+#include "application/Papers.h"
 #include "core/database/Blood.h"
 #include "core/database/DBManager.h"
 #include "core/database/General.h"
@@ -43,7 +42,9 @@ bool hasRows(const QString& from, const QString& to) {
 }  // namespace
 
 AppDelegate::AppDelegate()
-    : _window(std::make_unique<MainWindow>()), _editView(new EditAnimationView(_window->outlets().content)) {
+    : _window(std::make_unique<MainWindow>()),
+      _editView(new EditAnimationView(_window->outlets().content)),
+      _papers(std::make_unique<Papers>(_window.get(), _window->outlets().chartsView)) {
   Preferences::fillInMissingDefaults();
   connectOutlets();
   connectMenus();

@@ -17,15 +17,12 @@ namespace sanovia {
 
 class AboutPanel;
 class EditAnimationView;
-class HealthSummary;
 class HelpWindow;
 class MainWindow;
+class Papers;
 class Popover;
 class PreferencesSheet;
-class ReportWindow;
 class RestoreSheet;
-class SanoviaReport;
-class SummaryWindow;
 
 class AppDelegate : public QObject, public MLCalendarViewDelegate {
   Q_OBJECT
@@ -49,8 +46,8 @@ class AppDelegate : public QObject, public MLCalendarViewDelegate {
   RestoreSheet* restoreSheet();
   // Null before the help was first shown.
   HelpWindow* helpWindow() const { return _helpWindow.get(); }
-  ReportWindow* reportWindow() const { return _reportWindow.get(); }
-  SummaryWindow* summaryWindow() const { return _summaryWindow.get(); }
+  // Its windows are null before their first opening.
+  const Papers& papers() const { return *_papers; }
 
   // Before the window shows: its least size and its last frame.
   void applicationWillFinishLaunching();
@@ -140,23 +137,6 @@ class AppDelegate : public QObject, public MLCalendarViewDelegate {
  private:
   void connectOutlets();
   void connectMenus();
-  // The report of the interval on the screen.
-  SanoviaReport report() const;
-  // Changes with everything that the report is made from.
-  QByteArray sourceOfReport() const;
-  // The report's window is in front: it shows the diary as it is now.
-  void refreshReport();
-  bool isOnReport() const;
-  // The window that a question of a report's command hangs on.
-  QWidget* asksOn() const;
-  // Whether a person's file may be written there; tells the person when it may not.
-  bool mayWriteTo(const QString& path) const;
-  // The same of the summary. A summary without a value is told of and neither shown nor saved nor printed.
-  std::shared_ptr<HealthSummary> summary() const;
-  void showSummary(const std::shared_ptr<HealthSummary>& shown);
-  void saveThe(const std::shared_ptr<HealthSummary>& saved);
-  void printThe(const std::shared_ptr<HealthSummary>& printed);
-  QWidget* asksForSummaryOn() const;
   QList<QAction*> menuItems() const;
   // Whether an item is to be enabled, where the diary's rows are counted by the question handed in.
   bool isAllowed(const QAction* item, const std::function<bool()>& holdsData) const;
@@ -195,9 +175,7 @@ class AppDelegate : public QObject, public MLCalendarViewDelegate {
   AboutPanel* _aboutPanel = nullptr;
   RestoreSheet* _restoreSheet = nullptr;
   std::unique_ptr<HelpWindow> _helpWindow;
-  std::unique_ptr<ReportWindow> _reportWindow;
-  QByteArray _shownSource;  // of the report that its window shows
-  std::unique_ptr<SummaryWindow> _summaryWindow;
+  std::unique_ptr<Papers> _papers;
   bool _isAboutRunning = false;
   bool _hasRows = false;  // of any kind and day; once it has, it is not asked again
   // When the preferences were opened.

@@ -14,8 +14,8 @@
 #include "application/AppDelegate.h"
 #include "application/HelpWindow.h"
 #include "application/MainWindow.h"
+#include "application/Papers.h"
 #include "application/PreferencesSheet.h"
-#include "application/ReportWindow.h"
 #include "application/SingleStart.h"
 #include "core/foundation/Log.h"
 #include "core/foundation/Paths.h"
@@ -193,7 +193,7 @@ bool AppDelegate::eventFilter(QObject* watched, QEvent* event) {
       break;
     case QEvent::WindowActivate:
       if (watched == _window.get()) lookAtDiary();
-      if (watched == _reportWindow.get()) refreshReport();
+      _papers->refresh(watched);
       break;
     case QEvent::WindowBlocked:
       if (watched == _window.get() && _calendarPopover != nullptr) _calendarPopover->closePopover();
@@ -219,6 +219,13 @@ void AppDelegate::viewMenuAction(const QAction* item) {
     tools->changeType(tag - kFirstTypeTag);
   validateMenus();
 }
+
+void AppDelegate::openReport() { _papers->openReport(); }
+void AppDelegate::saveReport() { _papers->saveReport(); }
+void AppDelegate::print() { _papers->printReport(); }
+void AppDelegate::openSummary() { _papers->openSummary(); }
+void AppDelegate::saveSummary() { _papers->saveSummary(); }
+void AppDelegate::printSummary() { _papers->printSummary(); }
 
 void AppDelegate::intervalMenuAction(const QAction* item) { showInterval(tagOf(item)); }
 

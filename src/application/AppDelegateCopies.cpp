@@ -3,16 +3,13 @@
 #include <QDate>
 
 #include "application/AppDelegate.h"
-#include "application/Asker.h"
+#include "application/FileWriting.h"
 #include "application/MainWindow.h"
 #include "application/RestoreSheet.h"
-#include "application/WaitCursor.h"
 #include "core/backup/Copies.h"
 #include "core/backup/DiaryCheck.h"
 #include "core/diary/DayEntries.h"
 #include "core/foundation/Clock.h"
-#include "core/foundation/Log.h"
-#include "core/foundation/TextFormat.h"
 #include "core/localisation/Language.h"
 
 namespace sanovia {
@@ -31,18 +28,12 @@ void AppDelegate::lookAfterCopies() {
 
 void AppDelegate::backUp() {
   DayEntries::shared().storePending();
-  const FileQuestion question{
-      .title = word("backup_title"),
-      .proposedName = QStringLiteral("Sanovia ") + Clock::now().date().toString(Qt::ISODate),
-      .ending = kCopyEnding};
-  Asker::shared().askFileName(_window.get(), question, [this](const QString& path) {
-    if (!mayWriteTo(path)) return;
-    const WaitCursor waiting;
-    const auto error = backUpTo(path);
-    if (!error) return;
-    logLine(error->text);
-    Asker::shared().tell(_window.get(), word("backup_failed"));
-  });
+  writeWhereAsked(_window.get(), {.question = {.title = word("backup_title"),
+                                               .proposedName = QStringLiteral("Sanovia ") +
+                                                               Clock::now().date().toString(Qt::ISODate),
+                                               .ending = kCopyEnding},
+                                  .write = [](const QString& path) { return backUpTo(path); },
+                                  .failedWord = "backup_failed"});
 }
 
 RestoreSheet* AppDelegate::restoreSheet() {

@@ -4,9 +4,9 @@
 #include "application/AppDelegate.h"
 #include "application/Asker.h"
 #include "application/ExportSheet.h"
+#include "application/FileWriting.h"
 #include "application/ImportSheet.h"
 #include "application/MainWindow.h"
-#include "application/WaitCursor.h"
 #include "core/dates/Utils.h"
 #include "core/exchange/DiaryExport.h"
 #include "core/foundation/TextFormat.h"
@@ -15,8 +15,6 @@
 
 namespace sanovia {
 namespace {
-
-constexpr int kExportPatience = 3000;  // milliseconds for a pipe that nobody reads
 
 QString dayText(const QDateTime& date) { return Utils::convertDate(date, Utils::databaseFormat()); }
 
@@ -50,22 +48,22 @@ void AppDelegate::importFrom(const QString& path) {
 void AppDelegate::exportFile() {
   auto* sheet = new ExportSheet(_window.get());
   connect(sheet, &QDialog::accepted, this, [this, sheet] {
-    ExchangeOptions options{.withPerson = sheet->hasPerson(), .streamPatience = kExportPatience};
+    ExchangeOptions options{.withPerson = sheet->hasPerson(), .streamPatience = kPipePatience};
     if (sheet->isFhir()) options.format = ExchangeOptions::Format::Fhir;
     if (sheet->isIntervalOnly()) {
       options.from = dayText(getStartDate());
       options.to = dayText(getEndDate());
     }
-    const FileQuestion question{.title = word("export_heading"),
-                                .proposedName = Language::stringForKey(QStringLiteral("Untitled")),
-                                .ending = sheet->isFhir() ? QStringLiteral("json") : QStringLiteral("csv")};
-    Asker::shared().askFileName(_window.get(), question, [this, options](const QString& path) {
-      if (!mayWriteTo(path)) return;
-      const WaitCursor waiting;
-      const ExchangeResult result = exportDiary(path, options);
-      if (const auto* error = std::get_if<FileError>(&result))
-        Asker::shared().tell(_window.get(), filled(word("export_failed"), error->text));
-    });
+    writeWhereAsked(_window.get(),
+                    {.question = {.title = word("export_heading"),
+                                  .proposedName = Language::stringForKey(QStringLiteral("Untitled")),
+                                  .ending = sheet->isFhir() ? QStringLiteral("json") : QStringLiteral("csv")},
+                     .write = [options](const QString& path) -> std::optional<FileError> {
+                       const ExchangeResult result = exportDiary(path, options);
+                       const auto* error = std::get_if<FileError>(&result);
+                       return error == nullptr ? std::nullopt : std::optional(*error);
+                     },
+                     .failedWord = "export_failed"});
   });
   sheet->open();
 }

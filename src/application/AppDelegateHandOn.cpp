@@ -5,11 +5,9 @@
 #include <QMimeData>
 
 #include "application/AppDelegate.h"
-#include "application/Asker.h"
+#include "application/FileWriting.h"
 #include "application/MainWindow.h"
-#include "application/WaitCursor.h"
 #include "core/dates/Utils.h"
-#include "core/foundation/WholeFile.h"
 #include "core/localisation/Language.h"
 #include "core/preferences/Preferences.h"
 #include "ui/charts/ChartsPicture.h"
@@ -54,17 +52,18 @@ void AppDelegate::saveCharts() {
       name.isEmpty() ? QGuiApplication::applicationName() : name,
       QStringLiteral("%1, %2 – %3")
           .arg(kind, Utils::convertDate(getStartDate(), format), Utils::convertDate(getEndDate(), format))};
-  const FileQuestion question{.title = word("Save Charts As…"),
-                              .proposedName = kind,
-                              .ending = pictureEndings().front(),
-                              .furtherEndings = pictureEndings().mid(1)};
-  Asker::shared().askFileName(_window.get(), question, [this, charts, heading](const QString& path) {
-    const WaitCursor waiting;
-    const QString ending = QFileInfo(path).suffix().toLower();
-    const QByteArray bytes = pictureBytes(*charts, heading, ending);
-    if (bytes.isEmpty()) return;
-    if (const auto error = writeWhole(path, bytes)) Asker::shared().tell(_window.get(), error->text);
-  });
+  writeWhereAsked(_window.get(),
+                  {.question = {.title = word("Save Charts As…"),
+                                .proposedName = kind,
+                                .ending = pictureEndings().front(),
+                                .furtherEndings = pictureEndings().mid(1)},
+                   .write = [charts, heading](const QString& path) -> std::optional<FileError> {
+                     const QString ending = QFileInfo(path).suffix().toLower();
+                     const QByteArray bytes = pictureBytes(*charts, heading, ending);
+                     if (bytes.isEmpty()) return std::nullopt;
+                     return writeWhole(path, bytes, kPipePatience);
+                   },
+                   .failedWord = "charts_not_saved"});
 }
 
 }  // namespace sanovia

@@ -76,7 +76,7 @@ QList<QRectF> ReportPages::rects() const {
 
 QRectF ReportPages::rectOf(int page) const { return rects().value(page); }
 
-bool ReportPages::find(const QString& text, bool forward) {
+bool ReportPages::findText(const QString& text, bool forward) {
   const bool isNew = text != _search.searchString() || _search.document() == nullptr;
   _search.setDocument(document());
   _search.setSearchString(text);
@@ -124,7 +124,7 @@ void ReportPages::revealMatch() {
 
 QString ReportPages::textOf(int page) const { return document()->getAllText(page).text(); }
 
-void ReportPages::copyPage() const {
+void ReportPages::copyText() {
   QGuiApplication::clipboard()->setText(textOf(pageNavigator()->currentPage()));
 }
 

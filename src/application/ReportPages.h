@@ -7,6 +7,8 @@
 #include <QPdfSearchModel>
 #include <QPdfView>
 
+#include "application/PaperWindow.h"
+
 namespace sanovia {
 
 // Where pages of these sizes, in points, lie below each other on a view of that width: in pixels of the view,
@@ -14,7 +16,7 @@ namespace sanovia {
 QList<QRectF> pageRects(const QList<QSizeF>& sizes, double viewWidth, double scale, double margin,
                         double gap);
 
-class ReportPages : public QPdfView {
+class ReportPages : public QPdfView, public PaperView {
   Q_OBJECT
 
  public:
@@ -23,16 +25,13 @@ class ReportPages : public QPdfView {
   // Of another document, or of none: what was found is forgotten.
   void documentChanges();
 
-  void zoomIn() { zoomBy(kZoomStep); }
-  void zoomOut() { zoomBy(1 / kZoomStep); }
-  void fitWidth();
-
-  // Marks the next place of the text, or the one before, going round at the ends, and brings it into sight;
-  // false where there is none.
-  bool find(const QString& text, bool forward = true);
+  void zoomBy(double factor) override;
+  void fitWidth() override;
+  bool findText(const QString& text, bool forward) override;
+  // Of the page that is shown.
+  void copyText() override;
   // The text of a page, 0 for the first.
   QString textOf(int page) const;
-  void copyPage() const;
 
   // A page in the viewport as it is scrolled now.
   QRectF rectOf(int page) const;
@@ -41,9 +40,6 @@ class ReportPages : public QPdfView {
   void paintEvent(QPaintEvent* event) override;
 
  private:
-  static constexpr double kZoomStep = 1.25;
-
-  void zoomBy(double factor);
   QList<QRectF> rects() const;
   // Of the match, in the viewport.
   QList<QRectF> matchRects() const;

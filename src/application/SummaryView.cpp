@@ -1,7 +1,7 @@
 #include "application/SummaryView.h"
 
+#include <QKeyEvent>
 #include <QMimeData>
-#include <QScrollBar>
 #include <QTextDocumentFragment>
 #include <QWheelEvent>
 
@@ -9,7 +9,6 @@
 
 #include "drawing/Palette.h"
 #include "summary/SummaryHtml.h"
-#include "ui/controls/Scroller.h"
 
 namespace sanovia {
 namespace {
@@ -24,7 +23,6 @@ constexpr double kWheelStep = 1.1;
 SummaryView::SummaryView(QWidget* parent) : QTextEdit(parent) {
   setReadOnly(true);
   setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-  setFrameShape(QFrame::NoFrame);
   setLineWrapMode(QTextEdit::FixedPixelWidth);
   QPalette colours = palette();
   colours.setColor(QPalette::Base, palette::white);
@@ -32,7 +30,6 @@ SummaryView::SummaryView(QWidget* parent) : QTextEdit(parent) {
   colours.setColor(QPalette::Highlight, palette::teal);
   colours.setColor(QPalette::HighlightedText, palette::white);
   setPalette(colours);
-  for (QScrollBar* bar : {verticalScrollBar(), horizontalScrollBar()}) dressScroller(bar, palette::white);
 }
 
 SummaryView::~SummaryView() { setDocument(nullptr); }
@@ -68,15 +65,32 @@ void SummaryView::setZoom(double zoom) {
   setTextCursor(after);
 }
 
-bool SummaryView::findText(const QString& text, bool backward) {
-  const QTextDocument::FindFlags way = backward ? QTextDocument::FindBackward : QTextDocument::FindFlags();
-  if (text.isEmpty()) return true;
+void SummaryView::fitWidth() {
+  if (_summary) setZoom(viewport()->width() / (_summary->width() * kScreenScale + 2 * kSheetMargin));
+}
+
+bool SummaryView::findText(const QString& text, bool forward) {
+  const QTextDocument::FindFlags way = forward ? QTextDocument::FindFlags() : QTextDocument::FindBackward;
   if (find(text, way)) return true;
   const QTextCursor before = textCursor();
-  moveCursor(backward ? QTextCursor::End : QTextCursor::Start);
+  moveCursor(forward ? QTextCursor::Start : QTextCursor::End);
   if (find(text, way)) return true;
   setTextCursor(before);
   return false;
+}
+
+void SummaryView::copyText() {
+  const QTextCursor before = textCursor();
+  if (!before.hasSelection()) selectAll();
+  copy();
+  setTextCursor(before);
+}
+
+void SummaryView::keyPressEvent(QKeyEvent* event) {
+  if (event->matches(QKeySequence::Copy))
+    copyText();
+  else
+    QTextEdit::keyPressEvent(event);
 }
 
 // The toolkit's own data would be made anew when somebody asks for it.
@@ -90,7 +104,7 @@ QMimeData* SummaryView::createMimeDataFromSelection() const {
 
 void SummaryView::wheelEvent(QWheelEvent* event) {
   if (!event->modifiers().testFlag(Qt::ControlModifier)) return QTextEdit::wheelEvent(event);
-  setZoom(event->angleDelta().y() > 0 ? _zoom * kWheelStep : _zoom / kWheelStep);
+  zoomBy(event->angleDelta().y() > 0 ? kWheelStep : 1 / kWheelStep);
   event->accept();
 }
 

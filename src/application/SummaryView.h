@@ -6,11 +6,12 @@
 
 #include <memory>
 
+#include "application/PaperWindow.h"
 #include "summary/HealthSummary.h"
 
 namespace sanovia {
 
-class SummaryView : public QTextEdit {
+class SummaryView : public QTextEdit, public PaperView {
   Q_OBJECT
 
  public:
@@ -26,12 +27,15 @@ class SummaryView : public QTextEdit {
   void setZoom(double zoom);
   double zoom() const { return _zoom; }
 
-  // Selects the next place of the text, or the one before, and begins anew at the end. False when there is
-  // none.
-  bool findText(const QString& text, bool backward);
+  void zoomBy(double factor) override { setZoom(_zoom * factor); }
+  void fitWidth() override;
+  bool findText(const QString& text, bool forward) override;
+  // What is selected, or all.
+  void copyText() override;
 
  protected:
   QMimeData* createMimeDataFromSelection() const override;
+  void keyPressEvent(QKeyEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;
 
  private:

@@ -2,6 +2,7 @@
 // is handled.
 #pragma once
 
+#include <QCursor>
 #include <QGuiApplication>
 
 namespace sanovia {

@@ -1,6 +1,7 @@
 // The strip and the menus: what is enabled when, and what each button, item and key does.
 #include <QMenu>
 
+#include "application/Papers.h"
 #include "application/PreferencesSheet.h"
 #include "core/foundation/Paths.h"
 #include "support/LaunchedHome.h"
@@ -93,7 +94,7 @@ TEST_F(Commands, OfTheReportAreEnabledByARowOfAnyKindWithinTheInterval) {
       item->trigger();
     }
     EXPECT_EQ(questions.size(), isReported ? 2 : 0) << "a stale item asks again before it acts";
-    EXPECT_EQ(delegate->reportWindow(), nullptr);
+    EXPECT_EQ(delegate->papers().reportWindow(), nullptr);
     delegate->dataIsPresent();
   }
 }

@@ -5,6 +5,7 @@
 #include <QPdfDocument>
 #include <QPushButton>
 
+#include "application/Papers.h"
 #include "application/ReportPages.h"
 #include "application/ReportWindow.h"
 #include "paper/PrintSettings.h"
@@ -22,10 +23,10 @@ class ReportShown : public LaunchedHome {
     execute(u"INSERT INTO pressure (pdate, systolic, diastolic, pulse) VALUES ('2026-11-15', 123, 80, 70)"_s);
     delegate->dataIsPresent();
     withoutLeakCheck([this] { delegate->openReport(); });
-    EXPECT_TRUE(QTest::qWaitForWindowActive(delegate->reportWindow()));
+    EXPECT_TRUE(QTest::qWaitForWindowActive(delegate->papers().reportWindow()));
   }
   ~ReportShown() override { PrintSettings::setPaperSize({}); }
-  ReportWindow& window() { return *delegate->reportWindow(); }
+  ReportWindow& window() { return *delegate->papers().reportWindow(); }
   void activate() {
     QEvent activation(QEvent::WindowActivate);
     QCoreApplication::sendEvent(&window(), &activation);
@@ -52,12 +53,12 @@ TEST_F(ReportShown, IsMadeAnewAfterAChangeAloneAndSavedAsItIsShown) {
 
 TEST_F(ReportShown, IsFoundInZoomedCopiedAndRead) {
   ReportPages& pages = *window().pages();
-  EXPECT_TRUE(pages.find(u"pulse"_s) && pages.find(u"pulse"_s, false));
+  EXPECT_TRUE(pages.findText(u"pulse"_s, true) && pages.findText(u"pulse"_s, false));
   QTest::keyClicks(window().findField(), u"nowhere"_s);
   QTest::keyClick(window().findField(), Qt::Key_Return);
   EXPECT_EQ(window().line()->text(), u"Not found"_s);
   const double width = pages.rectOf(0).width();
-  pages.zoomIn();
+  pages.zoomBy(1.25);
   EXPECT_NEAR(pages.rectOf(0).width(), width * 1.25, 2);
   pages.fitWidth();
   EXPECT_NEAR(pages.rectOf(0).width(), width, 2);

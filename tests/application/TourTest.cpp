@@ -5,6 +5,7 @@
 #include <QPdfDocument>
 #include <QPushButton>
 
+#include "application/Papers.h"
 #include "application/PreferencesSheet.h"
 #include "application/ReportWindow.h"
 #include "printing/CupsServer.h"
@@ -46,7 +47,8 @@ class Tour : public LaunchedHome {
   }
   void openReport() {
     withoutLeakCheck([this] { ui().reportOutlet->click(); });
-    ASSERT_TRUE(delegate->reportWindow() != nullptr && delegate->reportWindow()->isVisible());
+    ASSERT_TRUE(delegate->papers().reportWindow() != nullptr &&
+                delegate->papers().reportWindow()->isVisible());
   }
 };
 
@@ -69,19 +71,19 @@ TEST_F(Tour, FromTheFirstRunToTheNextOne) {
   picture(delegate->window(), u"charts"_s);
 
   openReport();
-  const ReportWindow* report = delegate->reportWindow();
+  const ReportWindow* report = delegate->papers().reportWindow();
   EXPECT_EQ(report->document()->pageCount(), 2) << "general condition and blood pressure";
   QTest::qWait(500);  // the pages are rendered in the background
-  picture(delegate->reportWindow(), u"report"_s);
+  picture(delegate->papers().reportWindow(), u"report"_s);
   SanoviaReport again(at("2026-11-09T00:00:00"), at("2026-11-15T23:59:59"), SeriesModeDay);
   const QByteArray expected = again.createReportData();
-  QTest::keyClick(delegate->reportWindow(), Qt::Key_S, Qt::ControlModifier);
+  QTest::keyClick(delegate->papers().reportWindow(), Qt::Key_S, Qt::ControlModifier);
   EXPECT_TRUE(QTest::qWaitFor([this] { return QFile::exists(answeredPath); })) << "a key presses for a while";
   EXPECT_TRUE(bytesOf(answeredPath) == expected);
   report->printButton()->click();
   EXPECT_NE(server.printed(), QString());
   EXPECT_TRUE(bytesOf(server.paper()) == expected) << "the printed document is the report";
-  EXPECT_EQ(askedOn, QList<QWidget*>(2, delegate->reportWindow()));
+  EXPECT_EQ(askedOn, QList<QWidget*>(2, delegate->papers().reportWindow()));
 
   setLocale(u"de_DE"_s);
   relaunch();

@@ -6,6 +6,7 @@
 #include <QRegularExpression>
 
 #include "application/HelpWindow.h"
+#include "application/Papers.h"
 #include "application/PreferencesSheet.h"
 #include "application/ReportWindow.h"
 #include "application/SummaryWindow.h"
@@ -38,8 +39,8 @@ class Words : public LaunchedHome {
     delegate->aboutPanel()->show();
     QCoreApplication::processEvents();
     EXPECT_EQ(delegate->window()->size(), QSize(800, 800)) << "the words push the window open";
-    return {delegate->window(),     delegate->preferencesSheet(), delegate->aboutPanel(),
-            delegate->helpWindow(), delegate->reportWindow(),     delegate->summaryWindow()};
+    return {delegate->window(),     delegate->preferencesSheet(),      delegate->aboutPanel(),
+            delegate->helpWindow(), delegate->papers().reportWindow(), delegate->papers().summaryWindow()};
   }
 
   static QStringList textsOf(QWidget* root) {

@@ -12,6 +12,7 @@
 #include "application/AppDelegate.h"
 #include "application/HelpWindow.h"
 #include "application/MainWindow.h"
+#include "application/Papers.h"
 #include "application/PreferencesSheet.h"
 #include "application/SummaryWindow.h"
 #include "application/ToolkitWords.h"
@@ -167,9 +168,9 @@ class Photographer {
 
   bool takeSummary() {
     _delegate->openSummary();
-    if (_delegate->summaryWindow() == nullptr) return true;  // no value
-    const bool saved = take(QStringLiteral("summary"), _delegate->summaryWindow());
-    _delegate->summaryWindow()->close();
+    if (_delegate->papers().summaryWindow() == nullptr) return true;  // no value
+    const bool saved = take(QStringLiteral("summary"), _delegate->papers().summaryWindow());
+    _delegate->papers().summaryWindow()->close();
     return saved;
   }
 
