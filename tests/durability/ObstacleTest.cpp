@@ -116,6 +116,23 @@ TEST_F(Obstacle, OnlyWhatWasEnteredHereIsLaidOverAnotherHandsRow) {
   EXPECT_EQ(general(), texts({"2025-01-01 38.0 0 80.3", "2026-11-15 38.1 1 80.0"}));
 }
 
+TEST_F(Obstacle, WhatIsPendingOutlivesListsThatCannotBeRead) {
+  launch();
+  execute(u"INSERT INTO general VALUES (1, 0, '2026-11-15', 36.6, 1, 0, 80)"_s);
+  openPanel();
+  {
+    OtherProcess other;
+    other.query(u"BEGIN EXCLUSIVE"_s);
+    plus(kTemperaturePlus, 2);
+    // The day leaves the lists and comes back, and nothing of it is read.
+    for (const char* end : {"2026-11-12T00:00:00", "2026-11-15T00:00:00"}) delegate->saveEndDate(at(end));
+    EXPECT_EQ(cell(0, 2), u"36.8"_s);
+  }
+  activate();
+  EXPECT_EQ(general(), texts({"2026-11-15 36.8 0 80.0"}));
+  EXPECT_EQ(cell(0, 2), u"36.8"_s);
+}
+
 TEST_F(Obstacle, ADiaryThatIsGoneIsMadeAnewWhole) {
   launch();
   openPanel();

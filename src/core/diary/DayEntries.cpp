@@ -54,6 +54,7 @@ bool isAverage(const RecordRef& record) {
 template <class R>
 StoreOutcome storeEntry(DayEntry<R>& entry, int patience, bool& isLockedOut) {
   const QString diary = DBManager::sharedInstance().databasePath();
+  isLockedOut = false;
   if (!hasDiary(diary) && !makeDiary(diary)) return StoreOutcome::Failed;
   Connection connection(diary, patience);
   EntryWriter<R> writer(connection, entry);
@@ -132,17 +133,19 @@ void DayEntries::forgetDone() {
 }
 
 template <class R>
-void DayEntries::layOver(const std::shared_ptr<std::vector<R>>& records) {
+void DayEntries::layOver(const std::shared_ptr<std::vector<R>>& records, bool areRead) {
   for (const auto& item : _items) {
     auto* entry = std::get_if<DayEntry<R>>(&item->entry);
     if (entry == nullptr) continue;
     const auto found = std::ranges::find(*records, entry->record->date, &R::date);
-    if (found != records->end()) entry->moveTo(std::shared_ptr<R>(records, &*found));
+    if (found == records->end()) continue;
+    const std::shared_ptr<R> record(records, &*found);
+    areRead ? entry->moveTo(record) : entry->moveUnread(record);
   }
 }
 
-template void DayEntries::layOver(const std::shared_ptr<std::vector<General>>& records);
-template void DayEntries::layOver(const std::shared_ptr<std::vector<Pressure>>& records);
-template void DayEntries::layOver(const std::shared_ptr<std::vector<Blood>>& records);
+template void DayEntries::layOver(const std::shared_ptr<std::vector<General>>& records, bool areRead);
+template void DayEntries::layOver(const std::shared_ptr<std::vector<Pressure>>& records, bool areRead);
+template void DayEntries::layOver(const std::shared_ptr<std::vector<Blood>>& records, bool areRead);
 
 }  // namespace sanovia

@@ -31,9 +31,10 @@ class DayEntries {
   bool storePending(int patience);
   bool hasPending() const;
 
-  // Lays what is pending over the records of days that were just read, and goes on with those.
+  // Lays what is pending over the records of days that were just read, or could not be, and goes on with
+  // those.
   template <class R>
-  void layOver(const std::shared_ptr<std::vector<R>>& records);
+  void layOver(const std::shared_ptr<std::vector<R>>& records, bool areRead);
 
   // At the end of the program.
   static constexpr int kLastPatience = 10000;

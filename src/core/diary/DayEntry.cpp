@@ -56,6 +56,13 @@ void DayEntry<R>::moveTo(const std::shared_ptr<R>& read) {
   base = before;
 }
 
+// The file still holds the base, whatever has been shown since.
+template <class R>
+void DayEntry<R>::moveUnread(const std::shared_ptr<R>& unread) {
+  *unread = *record;
+  record = unread;
+}
+
 template <class R>
 RowMap EntryWriter<R>::rowOf(const QString& sql, const FieldValue& wanted, const DBField& field) {
   Statement statement(_connection, sql.arg(R::tableName(), field.title()));

@@ -24,6 +24,8 @@ struct DayEntry {
   // Lays what was entered over another record of the day, which was read from the file just now, and goes on
   // with that one.
   void moveTo(const std::shared_ptr<R>& read);
+  // Goes on with another record of the day, which could not be read: it takes on what this one holds.
+  void moveUnread(const std::shared_ptr<R>& unread);
 };
 
 enum class StoreOutcome : quint8 {

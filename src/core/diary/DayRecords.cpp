@@ -28,13 +28,17 @@ void carryOver(std::vector<R>& records, const std::vector<R>& earlier) {
   }
 }
 
-// The records of the series, or the earlier ones where reading fails.
+// The records of the series, or the earlier ones where reading fails; with what is entered laid over them.
+// Whether they are read.
 template <class R>
-Records<R> read(const DateSeries& series, const Records<R>& earlier) {
+bool read(const DateSeries& series, SeriesMode mode, Records<R>& records) {
   const qint64 failures = DBManager::sharedInstance().failures();
-  auto records = std::make_shared<std::vector<R>>(series.records<R>());
-  if (DBManager::sharedInstance().failures() != failures) carryOver(*records, *earlier);
-  return records;
+  auto found = std::make_shared<std::vector<R>>(series.records<R>());
+  const bool isRead = DBManager::sharedInstance().failures() == failures;
+  if (!isRead) carryOver(*found, *records);
+  records = found;
+  if (mode == SeriesModeDay) DayEntries::shared().layOver(records, isRead);
+  return isRead;
 }
 
 }  // namespace
@@ -43,22 +47,12 @@ void DayRecords::load(const QDateTime& from, const QDateTime& to, SeriesMode mod
   if (!from.isValid() || !to.isValid()) return;
   if (mode != _mode) clear();
   const DiaryStamp stamp = DiaryStamp::now();
-  const qint64 failures = DBManager::sharedInstance().failures();
   _mode = mode;
   _series = DateSeries(from, to, mode);
-  _generals = read(_series, _generals);
-  _pressures = read(_series, _pressures);
-  _bloods = read(_series, _bloods);
-  const bool isRead = DBManager::sharedInstance().failures() == failures;
+  bool isRead = read(_series, mode, _generals);
+  isRead = read(_series, mode, _pressures) && isRead;
+  isRead = read(_series, mode, _bloods) && isRead;
   DiaryWatch::shared().noteRead(isRead ? std::optional(stamp) : std::nullopt);
-  if (mode == SeriesModeDay) layOverEntries();
-}
-
-void DayRecords::layOverEntries() {
-  DayEntries& entries = DayEntries::shared();
-  entries.layOver(_generals);
-  entries.layOver(_pressures);
-  entries.layOver(_bloods);
 }
 
 void DayRecords::clear() { *this = DayRecords(); }

@@ -40,8 +40,6 @@ class DayRecords {
   std::vector<DayValue> valuesOf(const Measure& measure) const;
 
  private:
-  void layOverEntries();
-
   DateSeries _series;
   SeriesMode _mode = SeriesModeDay;
   std::shared_ptr<std::vector<General>> _generals = std::make_shared<std::vector<General>>();
