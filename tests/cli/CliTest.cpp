@@ -1,5 +1,8 @@
 // The command line tool as a person runs it: the real program in a process of its own.
 #include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QProcess>
 
 #include "core/diary/DateInterval.h"
@@ -163,6 +166,39 @@ TEST_F(Cli, IsAFilterBetweenOtherPrograms) {
   EXPECT_EQ(shell(u"yes 2026-01-02,1 | CLI import -"_s), u"standard input: is larger than 256 MiB\n"_s);
   EXPECT_TRUE(shell(u"CLI stats --from=0001-01-01 --to=2026-01-02 --json > '%1'"_s.arg(file(u"out"_s)))
                   .endsWith(u"an interval has at most 36525 days; this one starts on 1926-01-03\n"_s));
+}
+
+TEST_F(Cli, KeepsAndBringsBackCopies) {
+  const auto told = [&](const QStringList& arguments, int status = 0) {
+    return QJsonDocument::fromJson(run(arguments + QStringList(u"--json"_s), status).toUtf8());
+  };
+  EXPECT_EQ(told({u"restore"_s, u"--list"_s}), QJsonDocument(QJsonArray()));
+  writeBytes(file(u"a.csv"_s), "date,pulse\n2026-01-02,60\n2026-01-03,61\n");
+  run({u"import"_s, file(u"a.csv"_s)});
+  const QString copy = file(u"copy.db"_s);
+  run({u"backup"_s, copy});
+  execute(u"DELETE FROM pressure WHERE pulse = 61"_s);
+  EXPECT_TRUE(run({u"restore"_s, copy}).startsWith(u"Restored 2 days from "_s));
+  const QJsonObject kept = told({u"restore"_s, u"--list"_s})[0].toObject();
+  EXPECT_EQ(std::tuple(kept[u"days"_s].toInt(), kept[u"lastEntry"_s].toString(), kept[u"kept"_s].toBool()),
+            std::tuple(1, u"2026-01-02"_s, true));
+  run({u"restore"_s, u"--date="_s + kept[u"date"_s].toString()});
+  EXPECT_TRUE(run({u"restore"_s, u"--missing"_s, copy}).startsWith(u"Took over 1 value of 1 day from "_s));
+  run({u"restore"_s, u"--date=2020-01-01"_s}, 1);
+  for (const QStringList& wrong :
+       {texts({"restore"}), texts({"restore", "--list", "a"}), texts({"restore", "--json", "a"})})
+    run(wrong, 2);
+  EXPECT_EQ(told({u"check"_s})[u"whole"_s], QJsonValue(true));
+  // What is found is an answer and no failure.
+  execute(u"INSERT INTO pressure (pdate, pulse) VALUES ('2026-01-03', 70)"_s);
+  QProcess check;
+  check.start(QStringLiteral(SANOVIA_CLI), texts({"check", "--json"}));
+  EXPECT_TRUE(check.waitForFinished() && check.exitCode() == 1);
+  const QJsonDocument found = QJsonDocument::fromJson(check.readAllStandardOutput());
+  EXPECT_EQ(found[u"findings"_s], QJsonArray{u"pressure: 2026-01-03 has 2 rows"_s});
+  EXPECT_FALSE(found[u"whole"_s].toBool(true));
+  EXPECT_TRUE(run({u"check"_s, u"--repair"_s}).startsWith(u"Merged 1 day "_s));
+  EXPECT_EQ(query(u"SELECT pulse FROM pressure"_s), texts({"60", "70"}));
 }
 
 TEST_F(Cli, LeavesNoChoiceToChance) {

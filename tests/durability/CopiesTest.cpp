@@ -118,12 +118,14 @@ TEST_F(Copies, ComeBackWholeAfterThePresentDiaryIsKept) {
 TEST_F(Copies, OnlyWhatIsMissingIsTakenOver) {
   addPressure(u"2026-11-01"_s, 140, 85);
   addPressure(u"2026-11-02"_s, 121);
+  execute(u"UPDATE pressure SET pulse = 'many'"_s);
   const QString copy = copyElsewhere();
-  execute(u"UPDATE pressure SET systolic = 120, diastolic = -1"_s);
+  execute(u"UPDATE pressure SET systolic = 120, diastolic = -1, pulse = -1"_s);
   execute(u"DELETE FROM pressure WHERE pk = 2"_s);
   const auto report = std::get<RestoreReport>(restoreMissing(copy));
   EXPECT_EQ(pressures(), texts({"2026-11-01 120 85 35", "2026-11-02 121 -1 -1"}));
   EXPECT_EQ(report.days, 2);
+  EXPECT_EQ(query(u"SELECT pulse FROM pressure"_s), texts({"-1", "-1"})) << "what is no number stays away";
 }
 
 TEST_F(Copies, WhatIsNoWholeDiaryChangesNothing) {
@@ -176,10 +178,28 @@ TEST_F(Copies, ACheckFindsWhatIsWrongAndMergesDoubleDays) {
           {"pressure: 2026-11-01 has 2 rows", "pressure: row 3 has the date \"2026-02-30\", which is none",
            "pressure: 2026-11-04 has \"-7\" for systolic, which is a whole number from 0 to 2147483647",
            "pressure: 2026-11-04 has \"many\" for diastolic, which is a whole number from 0 to 2147483647"}));
+  execute(u"UPDATE pressure SET diastolic = 'many' WHERE systolic = 130"_s);
   EXPECT_EQ(std::get<qint64>(mergeDoubleDays()), 1);
   EXPECT_EQ(pressures().filter(u"11-01"_s), texts({"2026-11-01 130 80 50"}));
   execute(u"DROP TABLE blood"_s);
   EXPECT_EQ(std::get<QStringList>(checkDiary()), texts({"has no table blood"}));
+}
+
+TEST_F(Copies, TwentyYearsOfDaysAreMergedAndTakenOver) {
+  constexpr qint64 days = 7305;
+  for (const char* values : {"120, -1, 60, -1", "-1, 80, -1, -1"})
+    execute(
+        u"INSERT INTO pressure WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < %1) "
+        "SELECT NULL, -1, date('2000-01-01', i || ' days'), %2 FROM n"_s.arg(days)
+            .arg(QLatin1StringView(values)));
+  EXPECT_EQ(std::get<qint64>(mergeDoubleDays()), days);
+  const QString whole =
+      u"SELECT COUNT(*) FROM pressure WHERE systolic||diastolic||pulse||ppressure='120806040'"_s;
+  EXPECT_EQ(query(whole), QStringList(QString::number(days)));
+  const QString copy = copyElsewhere();
+  execute(u"UPDATE pressure SET diastolic = -1, ppressure = -1"_s);
+  EXPECT_EQ(std::get<RestoreReport>(restoreMissing(copy)).values, 2 * days);
+  EXPECT_EQ(query(whole), QStringList(QString::number(days)));
 }
 
 }  // namespace

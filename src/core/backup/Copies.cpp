@@ -8,12 +8,14 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
+#include <functional>
 #include <sys/stat.h>
 
 #include "core/backup/Snapshot.h"
 #include "core/database/NewDiary.h"
 #include "core/foundation/Clock.h"
 #include "core/foundation/Log.h"
+#include "core/foundation/OwnFiles.h"
 #include "core/foundation/Paths.h"
 
 namespace sanovia {
@@ -31,21 +33,42 @@ FileError failed(const QString& what) {
   return {what + QStringLiteral(": ") + QString::fromLocal8Bit(strerror(errno))};
 }
 
-// Bytes to a new file of the folder of copies, synced, under its name only when it is whole. It bears the
-// diary's time of change, by which it is known to be the same.
-std::optional<FileError> putCopy(const QByteArray& bytes, const QString& file, const struct stat& diary) {
-  makePrivateFolder(Paths::backupFolder());
+bool writeBytes(QFile& copy, const QByteArray& bytes) { return copy.write(bytes) == bytes.size(); }
+
+// Of any size.
+bool writeFile(QFile& copy, const QString& file) {
+  constexpr qint64 piece = 1024 * 1024;
+  QFile source(file);
+  if (!source.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) return false;
+  while (true) {
+    const QByteArray bytes = source.read(piece);
+    if (bytes.isEmpty()) return source.error() == QFileDevice::NoError;
+    if (!writeBytes(copy, bytes)) return false;
+  }
+}
+
+// A new file of the folder of copies, synced, under its name only when it is whole. It bears the diary's time
+// of change, by which it is known to be the same.
+std::optional<FileError> putCopy(const std::function<bool(QFile&)>& write, const QString& file,
+                                 const struct stat& diary) {
+  OwnFiles::makePrivateFolder(Paths::backupFolder());
+  const Turn turn(Paths::backupFolder());
+  if (!turn.isOurs()) return FileError{Paths::backupFolder() + QStringLiteral(": is in use")};
   const QString unfinished = Paths::backupFolder() + QStringLiteral("/.unfinished");
   if (!makePrivateFile(unfinished)) return failed(unfinished);
   QFile copy(unfinished);
-  const bool isWritten = copy.open(QIODevice::WriteOnly) && copy.write(bytes) == bytes.size() && copy.flush();
+  const bool isWritten = copy.open(QIODevice::WriteOnly) && write(copy) && copy.flush();
   const timespec times[] = {diary.st_atim, diary.st_mtim};
-  if (isWritten) futimens(copy.handle(), times);
-  copy.close();
-  if (isWritten && putInPlace(unfinished, file)) return std::nullopt;
+  if (isWritten && futimens(copy.handle(), times) == 0 && putInPlace(unfinished, file)) return std::nullopt;
   const FileError error = failed(file);
+  copy.close();
   QFile::remove(unfinished);
   return error;
+}
+
+std::optional<FileError> putCopy(const Snapshot& snapshot, const QString& file, const struct stat& diary) {
+  const QByteArray bytes = snapshot.bytes();
+  return putCopy([&](QFile& copy) { return writeBytes(copy, bytes); }, file, diary);
 }
 
 bool statusOf(const QString& file, struct stat& status) {
@@ -65,7 +88,7 @@ std::optional<FileError> makeCopyOf(const QDate& today, const struct stat& diary
   if (const QStringList faults = snapshot.faults(); !faults.isEmpty())
     return FileError{Paths::databaseFile() + QStringLiteral(": ") + faults.first()};
   if (!snapshot.holdsAnything()) return std::nullopt;
-  return putCopy(snapshot.bytes(), Paths::backupFolder() + kName.arg(today.toString(Qt::ISODate)), diary);
+  return putCopy(snapshot, Paths::backupFolder() + kName.arg(today.toString(Qt::ISODate)), diary);
 }
 
 }  // namespace
@@ -126,22 +149,19 @@ std::variant<QString, FileError> keepDiary() {
   const QString diary = Paths::databaseFile();
   struct stat status {};
   if (!hasDiary(diary) || !statusOf(diary, status)) return QString();
-  QByteArray bytes;
   const SnapshotResult result = Snapshot::of(diary);
-  if (const auto* snapshot = std::get_if<Snapshot>(&result)) bytes = snapshot->bytes();
-  if (const auto* error = std::get_if<SnapshotError>(&result); error != nullptr && error->isLockedOut)
-    return *error;
-  if (bytes.isEmpty()) {
-    const auto raw = readWhole(diary);
-    if (const auto* error = std::get_if<FileError>(&raw)) return *error;
-    bytes = std::get<QByteArray>(raw);
-  }
+  const auto* snapshot = std::get_if<Snapshot>(&result);
+  if (snapshot == nullptr && std::get<SnapshotError>(result).isLockedOut)
+    return std::get<SnapshotError>(result);
   const QDateTime now = Clock::now();
   QString file;
   for (int second = 0; file.isEmpty() || QFileInfo::exists(file); ++second)
     file =
         Paths::backupFolder() + kName.arg(now.addSecs(second).toString(QStringLiteral("yyyy-MM-dd-HHmmss")));
-  if (const auto error = putCopy(bytes, file, status)) return *error;
+  const auto error = snapshot != nullptr
+                         ? putCopy(*snapshot, file, status)
+                         : putCopy([&](QFile& copy) { return writeFile(copy, diary); }, file, status);
+  if (error) return *error;
   for (const DiaryCopy& copy : copiesTooMany(diaryCopies(), now.date()))
     if (copy.isKept) QFile::remove(copy.file);
   return file;

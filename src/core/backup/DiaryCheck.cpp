@@ -1,9 +1,11 @@
 #include "core/backup/DiaryCheck.h"
 
+#include <QFileInfo>
+#include <QHash>
+
+#include "core/backup/DayValues.h"
 #include "core/backup/Snapshot.h"
 #include "core/database/NewDiary.h"
-#include "core/database/Statement.h"
-#include "core/exchange/Columns.h"
 #include "core/exchange/DiaryTable.h"
 #include "core/exchange/Numbers.h"
 #include "core/foundation/Paths.h"
@@ -12,15 +14,6 @@ namespace sanovia {
 namespace {
 
 constexpr int kDamagePatience = 100;  // milliseconds
-
-// Dates that have the form of one; only their rows are ever merged.
-const QString kDoubleDays = QStringLiteral(
-    "SELECT MIN(%1) FROM %2 WHERE %3 GLOB '[0-9][0-9][0-9][0-9]-[0-9][0-9]-[0-9][0-9]' GROUP BY %3 HAVING "
-    "COUNT(*) > 1");
-
-QString doubleDaysOf(const ExchangeTable& table) {
-  return kDoubleDays.arg(table.keyField, table.name, table.dateField);
-}
 
 void findDoubleDays(Connection& diary, const ExchangeTable& table, QStringList& findings) {
   Statement days(diary, QStringLiteral("SELECT %1, COUNT(*) FROM %2 GROUP BY %1 HAVING COUNT(*) > 1")
@@ -56,32 +49,46 @@ void findWrongValues(Connection& diary, const ExchangeTable& table, QStringList&
   }
 }
 
-bool mergeTable(Connection& diary, const ExchangeTable& table) {
-  const QString last = QStringLiteral(
-      "%1 = COALESCE((SELECT later.%1 FROM %2 later WHERE later.%3 = %2.%3 AND later.%1 IS NOT NULL AND "
-      "later.%1 <> -1 "
-      "ORDER BY later.%4 DESC LIMIT 1), %1)");
-  QStringList changes;
-  for (const ExchangeColumn& column : columnsOf(table))
-    changes.append(last.arg(column.field, table.name, table.dateField, table.keyField));
-  const QString days = doubleDaysOf(table);
-  bool isMerged = diary.run(QStringLiteral("UPDATE %1 SET %2 WHERE %3 IN (%4)")
-                                .arg(table.name, changes.join(QLatin1Char(',')), table.keyField, days)
-                                .toUtf8());
-  // The pulse pressure follows the pressures, which may come from two rows.
-  if (table.name == Pressure::tableName())
-    isMerged =
-        isMerged &&
-        diary.run(QStringLiteral("UPDATE pressure SET ppressure = systolic - diastolic WHERE pk IN (%1) AND "
-                                 "systolic <> -1 AND diastolic <> -1")
-                      .arg(days)
-                      .toUtf8());
-  return isMerged &&
-         diary.run(
-             QStringLiteral("DELETE FROM %1 WHERE %2 IN (SELECT other.%2 FROM %1 other JOIN %1 first ON "
-                            "other.%3 = first.%3 AND other.%2 > first.%2 WHERE first.%2 IN (%4))")
-                 .arg(table.name, table.keyField, table.dateField, days)
-                 .toUtf8());
+// The rows of a day that has several, in the order of their keys.
+struct DoubleDay {
+  qint64 first;
+  QList<qint64> others;
+  DayValues values;
+};
+
+QHash<QString, DoubleDay> doubleDaysOf(Connection& diary, const ExchangeTable& table) {
+  QHash<QString, DoubleDay> days;
+  Statement rows(diary, selectRows(table));
+  while (rows.nextRow()) {
+    const QString date = rows.text(1);
+    if (!isDiaryDate(date)) continue;
+    const DayValues values = valuesOf(rows, table);
+    const auto day = days.find(date);
+    if (day == days.end()) {
+      days.insert(date, {rows.integer(0), {}, values});
+      continue;
+    }
+    day->others.append(rows.integer(0));
+    for (size_t i = 0; i < values.size(); ++i)
+      if (isNumber(values[i])) day->values[i] = values[i];
+  }
+  erase_if(days, [](auto day) { return day->others.isEmpty(); });
+  return days;
+}
+
+// How many days; false on a failure, which the connection knows.
+bool mergeTable(Connection& diary, const ExchangeTable& table, qint64& merged) {
+  const QHash<QString, DoubleDay> days = doubleDaysOf(diary, table);
+  Statement remove(diary, QStringLiteral("DELETE FROM %1 WHERE %2 = ?").arg(table.name, table.keyField));
+  for (const DoubleDay& day : days) {
+    if (!updateRow(diary, table, day.first, day.values)) return false;
+    for (const qint64 key : day.others) {
+      remove.bind(1, key);
+      if (!remove.execute()) return false;
+    }
+  }
+  merged += days.size();
+  return diary.isGood();
 }
 
 }  // namespace
@@ -103,17 +110,15 @@ std::variant<qint64, FileError> mergeDoubleDays() {
   Connection diary(Paths::databaseFile(), Snapshot::kPatience);
   qint64 days = 0;
   if (diary.begin())
-    for (const ExchangeTable& table : exchangeTables()) {
-      Statement count(diary, QStringLiteral("SELECT COUNT(*) FROM (%1)").arg(doubleDaysOf(table)));
-      if (count.nextRow()) days += count.integer(0);
-      if (!mergeTable(diary, table)) break;
-    }
+    for (const ExchangeTable& table : exchangeTables())
+      if (!mergeTable(diary, table, days)) break;
   if (!diary.commit()) return FileError{diary.error()};
   return days;
 }
 
 bool isDiaryDamaged() {
-  if (!hasDiary(Paths::databaseFile())) return false;
+  if (!hasDiary(Paths::databaseFile()) || QFileInfo(Paths::databaseFile()).size() > kLargestDiary)
+    return false;
   Connection diary(Paths::databaseFile(), kDamagePatience);
   Statement check(diary, QStringLiteral("PRAGMA quick_check(1)"));
   const bool isRead = check.nextRow();

@@ -6,46 +6,34 @@
 #include <QStringList>
 
 #include <algorithm>
-#include <optional>
 #include <vector>
 
 #include "core/backup/Copies.h"
+#include "core/backup/DayValues.h"
 #include "core/backup/Snapshot.h"
 #include "core/database/NewDiary.h"
-#include "core/database/Statement.h"
-#include "core/exchange/Columns.h"
 #include "core/exchange/DiaryTable.h"
 #include "core/foundation/Paths.h"
 
 namespace sanovia {
 namespace {
 
-using Values = std::vector<std::optional<double>>;
-
 struct Row {
   qint64 key;
-  Values values;
+  DayValues values;
 };
 
 // By date.
 using Rows = QHash<QString, Row>;
 
-// The first row of each day. What is no number counts as a value that is there.
+// The first row of each day.
 Rows rowsOf(Connection& diary, const ExchangeTable& table) {
-  QStringList fields;
-  for (const ExchangeColumn& column : columnsOf(table)) fields.append(column.field);
-  Statement read(diary, QStringLiteral("SELECT %1, %2, %3 FROM %4 ORDER BY %1")
-                            .arg(table.keyField, table.dateField, fields.join(QLatin1Char(',')), table.name));
+  Statement read(diary, selectRows(table));
   Rows rows;
   while (read.nextRow()) {
     const QString date = read.text(1);
-    if (!isDiaryDate(date) || rows.contains(date)) continue;
-    Values values(table.columnCount);
-    for (size_t i = 0; i < values.size(); ++i) {
-      const int place = static_cast<int>(i) + 2;
-      if (!read.isNull(place) && read.real(place) != kNotEntered) values[i] = read.real(place);
-    }
-    rows.insert(date, {read.integer(0), std::move(values)});
+    if (isDiaryDate(date) && !rows.contains(date))
+      rows.insert(date, {read.integer(0), valuesOf(read, table)});
   }
   return rows;
 }
@@ -56,9 +44,7 @@ struct Missing {
   Row row;
 };
 
-qint64 countOf(const Values& values) {
-  return std::ranges::count_if(values, [](const auto& value) { return value.has_value(); });
-}
+qint64 countOf(const DayValues& values) { return std::ranges::count_if(values, isNumber); }
 
 std::vector<Missing> missingIn(const Rows& here, const Rows& there) {
   std::vector<Missing> missing;
@@ -73,23 +59,6 @@ std::vector<Missing> missingIn(const Rows& here, const Rows& there) {
   return missing;
 }
 
-void bindValues(Statement& statement, int place, const Values& values) {
-  for (const std::optional<double>& value : values) {
-    if (value) statement.bind(place, *value);
-    ++place;
-  }
-}
-
-// The pulse pressure follows the pressures, which may come from two diaries.
-bool derive(Connection& diary, const ExchangeTable& table, const QString& date) {
-  if (table.name != Pressure::tableName()) return true;
-  Statement statement(
-      diary, QStringLiteral("UPDATE pressure SET ppressure = systolic - diastolic WHERE pdate = ? AND "
-                            "systolic <> -1 AND diastolic <> -1"));
-  statement.bind(1, date);
-  return statement.execute();
-}
-
 bool insertRow(Connection& diary, const ExchangeTable& table, const Missing& missing) {
   QStringList fields = {table.ownerField, table.dateField};
   QStringList places = {QStringLiteral("?"), QStringLiteral("?")};
@@ -101,19 +70,8 @@ bool insertRow(Connection& diary, const ExchangeTable& table, const Missing& mis
                               .arg(table.name, fields.join(QLatin1Char(',')), places.join(QLatin1Char(','))));
   insert.bind(1, table.newOwner);
   insert.bind(2, missing.date);
-  bindValues(insert, 3, missing.row.values);
+  bindNumbers(insert, 3, missing.row.values);
   return insert.execute();
-}
-
-bool updateRow(Connection& diary, const ExchangeTable& table, const Missing& missing) {
-  QStringList changes;
-  for (const ExchangeColumn& column : columnsOf(table))
-    changes.append(QStringLiteral("%1 = COALESCE(?, %1)").arg(column.field));
-  Statement update(diary, QStringLiteral("UPDATE %1 SET %2 WHERE %3 = ?")
-                              .arg(table.name, changes.join(QLatin1Char(',')), table.keyField));
-  bindValues(update, 1, missing.row.values);
-  update.bind(static_cast<int>(table.columnCount) + 1, missing.row.key);
-  return update.execute() && derive(diary, table, missing.date);
 }
 
 // A copy that is whole, and is not the diary itself.
@@ -196,7 +154,8 @@ std::variant<RestoreReport, FileError> restoreMissing(const QString& file) {
     for (const ExchangeTable& table : exchangeTables())
       for (const Missing& missing :
            missingIn(rowsOf(diary, table), rowsOf(std::get<Snapshot>(copy).connection(), table))) {
-        if (!(missing.row.key == -1 ? insertRow(diary, table, missing) : updateRow(diary, table, missing)))
+        if (!(missing.row.key == -1 ? insertRow(diary, table, missing)
+                                    : updateRow(diary, table, missing.row.key, missing.row.values)))
           break;
         days.insert(missing.date);
         report.values += countOf(missing.row.values);

@@ -14,8 +14,6 @@
 namespace sanovia {
 namespace {
 
-constexpr qint64 kLargestDiary = 256LL * 1024 * 1024;
-
 const QString kInMemory = QStringLiteral(":memory:");
 
 bool copyAll(Connection& from, Connection& to) {
@@ -131,9 +129,10 @@ std::optional<FileError> Snapshot::writeInto(const QString& file, int patience) 
 
 std::optional<FileError> Snapshot::replace(const QString& file) const {
   const QString finished = file + QStringLiteral(".new");
+  const Turn turn(QFileInfo(file).path());
   const QByteArray all = bytes();
   QFile target(finished);
-  const bool isWritten = makePrivateFile(finished) && target.open(QIODevice::WriteOnly) &&
+  const bool isWritten = turn.isOurs() && makePrivateFile(finished) && target.open(QIODevice::WriteOnly) &&
                          target.write(all) == all.size() && target.flush();
   target.close();
   if (isWritten && putInPlace(finished, file)) return std::nullopt;

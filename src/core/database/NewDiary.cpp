@@ -1,9 +1,11 @@
 #include "core/database/NewDiary.h"
 
-#include <QDir>
+#include <QDeadlineTimer>
 #include <QFile>
 #include <QFileInfo>
+#include <QThread>
 
+#include <cerrno>
 #include <fcntl.h>
 #include <sys/file.h>
 #include <unistd.h>
@@ -11,35 +13,26 @@
 #include "core/database/Connection.h"
 #include "core/database/Schema.h"
 #include "core/foundation/Log.h"
+#include "core/foundation/OwnFiles.h"
 
 namespace sanovia {
 namespace {
 
-constexpr int kMakingPatience = 2000;  // milliseconds
+constexpr int kMakingPatience = 2000;      // milliseconds
+constexpr unsigned long kPauseOfTurn = 5;  // milliseconds
 
 constexpr QFileDevice::Permissions kOwnFile = QFileDevice::ReadOwner | QFileDevice::WriteOwner;
-constexpr QFileDevice::Permissions kOwnFolder = kOwnFile | QFileDevice::ExeOwner;
 
-// A file or folder held open by its descriptor.
-class Descriptor {
- public:
-  explicit Descriptor(const QString& path)
-      : _number(::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC)) {}
-  ~Descriptor() {
-    if (_number >= 0) ::close(_number);
-  }
-  Descriptor(const Descriptor&) = delete;
-  Descriptor& operator=(const Descriptor&) = delete;
+int openForReading(const QString& path) {
+  return ::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC);
+}
 
-  bool sync() const { return _number >= 0 && ::fsync(_number) == 0; }
-  // Until the descriptor ends, however the process does. Where the file system knows no locks there is none.
-  void lock() const {
-    if (_number >= 0) static_cast<void>(::flock(_number, LOCK_EX));
-  }
-
- private:
-  int _number;
-};
+bool sync(const QString& path) {
+  const int file = openForReading(path);
+  const bool isSynced = file >= 0 && ::fsync(file) == 0;
+  if (file >= 0) ::close(file);
+  return isSynced;
+}
 
 void removeJournals(const QString& file) {
   for (const char* ending : {"-journal", "-wal", "-shm"}) QFile::remove(file + QLatin1String(ending));
@@ -59,14 +52,21 @@ bool fail(const QString& file) {
 
 }  // namespace
 
-bool hasDiary(const QString& file) { return QFileInfo(file).size() > 0 || QFileInfo(file).isDir(); }
-
-void makePrivateFolder(const QString& path) {
-  const QFileInfo folder(path);
-  if (folder.exists()) return;
-  if (!folder.dir().exists()) makePrivateFolder(folder.path());
-  folder.dir().mkdir(folder.fileName(), kOwnFolder);
+Turn::Turn(const QString& folder) : _folder(openForReading(folder)) {
+  const QDeadlineTimer deadline(kMakingPatience);
+  while (!_isOurs) {
+    _isOurs =
+        _folder < 0 || ::flock(_folder, LOCK_EX | LOCK_NB) == 0 || (errno != EWOULDBLOCK && errno != EINTR);
+    if (_isOurs || deadline.hasExpired()) return;
+    QThread::msleep(kPauseOfTurn);
+  }
 }
+
+Turn::~Turn() {
+  if (_folder >= 0) ::close(_folder);
+}
+
+bool hasDiary(const QString& file) { return QFileInfo(file).size() > 0 || QFileInfo(file).isDir(); }
 
 bool makePrivateFile(const QString& path) {
   QFile::remove(path);
@@ -84,21 +84,22 @@ bool makeTables(Connection& connection) {
 }
 
 bool putInPlace(const QString& finished, const QString& file) {
-  if (!Descriptor(finished).sync()) return false;
+  if (!sync(finished)) return false;
   removeJournals(file);
   if (::rename(QFile::encodeName(finished).constData(), QFile::encodeName(file).constData()) != 0)
     return false;
-  static_cast<void>(Descriptor(QFileInfo(file).path()).sync());
+  static_cast<void>(sync(QFileInfo(file).path()));
   return true;
 }
 
 bool makeDiary(const QString& file) {
+  if (hasDiary(file)) return true;
   const QString folder = QFileInfo(file).path();
-  makePrivateFolder(folder);
-  const Descriptor turn(folder);
-  turn.lock();
+  OwnFiles::makePrivateFolder(folder);
+  const Turn turn(folder);
   if (hasDiary(file)) return true;
   const QString unfinished = file + QStringLiteral(".new");
+  if (!turn.isOurs()) return false;
   if (!makePrivateFile(unfinished) || !makeFile(unfinished) || !putInPlace(unfinished, file))
     return fail(unfinished);
   return true;

@@ -7,6 +7,27 @@
 
 namespace sanovia {
 
+// Nobody's diary is larger, in bytes: a hundred years are some megabytes. What is, lies there by mistake.
+inline constexpr qint64 kLargestDiary = 128LL * 1024 * 1024;
+
+// One process at a time makes files under passing names in a folder. The turn is over with the object, and
+// however the process ends; where the file system knows no locks everybody has it.
+class [[nodiscard]] Turn {
+ public:
+  // Waits some seconds.
+  explicit Turn(const QString& folder);
+  ~Turn();
+  Turn(const Turn&) = delete;
+  Turn& operator=(const Turn&) = delete;
+
+  // Whether nobody else has it.
+  [[nodiscard]] bool isOurs() const { return _isOurs; }
+
+ private:
+  int _folder;
+  bool _isOurs = false;
+};
+
 // Whether something lies there that is more than an empty file. A file of 0 bytes is no diary.
 bool hasDiary(const QString& file);
 
@@ -22,9 +43,6 @@ class Connection;
 // file lie there belong to no file any more and go. Nobody may be writing to the earlier file. False when the
 // diary is as it was.
 [[nodiscard]] bool putInPlace(const QString& finished, const QString& file);
-
-// Makes the folder and those above it that are missing, each open to its owner alone.
-void makePrivateFolder(const QString& folder);
 
 // Makes an empty file that is open to its owner alone, in the place of any other. An empty file is an empty
 // database: made here, it and the journals that SQLite lays beside it have these permissions from the first

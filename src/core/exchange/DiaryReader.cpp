@@ -6,14 +6,13 @@
 #include <cmath>
 #include <map>
 
+#include "core/database/NewDiary.h"
 #include "core/database/Statement.h"
 #include "core/exchange/Columns.h"
 
 namespace sanovia {
 namespace {
 
-// A hundred years are some megabytes.
-constexpr qint64 kLargestDiary = 256 * 1024 * 1024;
 constexpr qint64 kMostRows = 500'000;  // of one kind
 
 // Reads the days of all tables on one connection.
