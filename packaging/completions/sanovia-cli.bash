@@ -14,7 +14,7 @@ _sanovia_cli() {
         options="import export report summary stats backup restore check --help --version"
       elif [[ $current == -* ]]; then
         case $command in
-          import) options="--date-order --units --several --dry-run --json" ;;
+          import) options="--date-order --units --several --keep --dry-run --json" ;;
           export) options="--format --from --to --with-person" ;;
           report | summary) options="--from --to --paper" ;;
           stats) options="--from --to --json" ;;

@@ -15,6 +15,7 @@ complete -c sanovia-cli -n "not __fish_seen_subcommand_from $commands" -a check 
 complete -c sanovia-cli -n "__fish_seen_subcommand_from import" -l date-order -xa 'dmy mdy ymd' -d 'Where 01/02/2026 might be two days'
 complete -c sanovia-cli -n "__fish_seen_subcommand_from import" -l units -xa 'metric us' -d 'What columns without a unit are in'
 complete -c sanovia-cli -n "__fish_seen_subcommand_from import" -l several -xa 'mean first last' -d 'What counts of several readings'
+complete -c sanovia-cli -n "__fish_seen_subcommand_from import" -l keep -d 'Keep the values that are there'
 complete -c sanovia-cli -n "__fish_seen_subcommand_from import" -l dry-run -d 'Say what would change, and store nothing'
 complete -c sanovia-cli -n "__fish_seen_subcommand_from export" -l format -xa 'csv fhir' -d 'The format'
 complete -c sanovia-cli -n "__fish_seen_subcommand_from export" -l with-person -d 'Say whose the values are'

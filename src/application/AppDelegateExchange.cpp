@@ -8,6 +8,7 @@
 #include "application/ImportSheet.h"
 #include "application/MainWindow.h"
 #include "core/dates/Utils.h"
+#include "core/diary/DayEntries.h"
 #include "core/exchange/DiaryExport.h"
 #include "core/foundation/TextFormat.h"
 #include "core/localisation/Language.h"
@@ -34,14 +35,9 @@ void AppDelegate::importFrom(const QString& path) {
     Asker::shared().tell(_window.get(), filled(word("import_unreadable"), QFileInfo(path).fileName()));
     return;
   }
+  DayEntries::shared().storePending();
   auto* sheet = new ImportSheet(_window.get(), QFileInfo(path).fileName(), std::get<QByteArray>(file));
-  connect(sheet, &ImportSheet::imported, this, [this] {
-    const Ui::MainWindow& ui = _window->outlets();
-    closeEditPanel();  // its record is about to leave the lists
-    ui.chartsView->setDateFrom();
-    ui.dataView->updateData();
-    dataIsPresent();
-  });
+  connect(sheet, &ImportSheet::diaryChanged, this, &AppDelegate::didRestore);
   sheet->open();
 }
 
@@ -59,6 +55,7 @@ void AppDelegate::exportFile() {
                                   .proposedName = Language::stringForKey(QStringLiteral("Untitled")),
                                   .ending = sheet->isFhir() ? QStringLiteral("json") : QStringLiteral("csv")},
                      .write = [options](const QString& path) -> std::optional<FileError> {
+                       DayEntries::shared().storePending();
                        const ExchangeResult result = exportDiary(path, options);
                        const auto* error = std::get_if<FileError>(&result);
                        return error == nullptr ? std::nullopt : std::optional(*error);

@@ -2,8 +2,8 @@
 
 #include <QCheckBox>
 #include <QComboBox>
-#include <QDialogButtonBox>
 #include <QFormLayout>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
 
@@ -35,6 +35,7 @@ ExportSheet::ExportSheet(QWidget* window)
   auto* form = new QFormLayout(this);
   form->setContentsMargins(kExportMargin, kExportMargin, kExportMargin, kExportMargin);
   form->setSpacing(kExportGap);
+  form->setLabelAlignment(Qt::AlignLeft | Qt::AlignVCenter);
   form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
   form->addRow(heading);
   _format->addItems({word("export_csv"), word("export_fhir")});
@@ -44,12 +45,16 @@ ExportSheet::ExportSheet(QWidget* window)
   _days->setAccessibleName(word("export_days"));
   form->addRow(new QLabel(word("export_days"), this), _days);
   form->addRow(_person);
-  auto* buttons = new QDialogButtonBox(this);
-  QPushButton* cancel = buttons->addButton(word("Cancel"), QDialogButtonBox::RejectRole);
-  QPushButton* go = buttons->addButton(word("Export…"), QDialogButtonBox::AcceptRole);
+  auto* buttons = new QHBoxLayout;
+  auto* cancel = new QPushButton(word("Cancel"), this);
+  auto* go = new QPushButton(word("Export…"), this);
+  buttons->addStretch();
+  buttons->addWidget(cancel);
+  buttons->addWidget(go);
   form->addRow(buttons);
   dressInHouseStyle(this, kExportPixels);
   heading->setFont(fonts::system(kExportHeadingPixels));
+  cancel->setAutoDefault(false);
   go->setDefault(true);
   _person->setEnabled(false);
   connect(_format, &QComboBox::currentIndexChanged, this, [this] { _person->setEnabled(isFhir()); });

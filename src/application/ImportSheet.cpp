@@ -1,23 +1,28 @@
 #include "application/ImportSheet.h"
 
 #include <QComboBox>
-#include <QDialogButtonBox>
+#include <QFileInfo>
 #include <QFormLayout>
+#include <QGridLayout>
 #include <QHeaderView>
 #include <QLabel>
+#include <QListWidget>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QTableWidget>
+#include <QWheelEvent>
 
 #include <utility>
 
+#include "application/ImportWords.h"
 #include "application/WaitCursor.h"
-#include "core/exchange/Columns.h"
+#include "core/backup/KeptImport.h"
+#include "core/backup/Restore.h"
+#include "core/foundation/Log.h"
 #include "core/foundation/Paths.h"
 #include "core/foundation/TextFormat.h"
 #include "core/localisation/Language.h"
-#include "core/measures/Catalogue.h"
 #include "drawing/Fonts.h"
 #include "drawing/Palette.h"
 #include "ui/controls/HouseStyle.h"
@@ -26,67 +31,30 @@
 namespace sanovia {
 namespace {
 
-using Role = FileColumn::Role;
-
 constexpr QSize kImportSize(720, 680);
 constexpr int kImportMargin = 24;
 constexpr int kImportGap = 12;
 constexpr int kImportPixels = 14;
 constexpr int kImportHeadingPixels = 20;
-constexpr int kColumnsHeight = 170;
-constexpr size_t kShownDays = 20;
-constexpr size_t kShownReplaced = 3;
-constexpr qsizetype kShownFaults = 4;
+constexpr int kColumnsHeight = 130;
+constexpr int kLinesHeight = 92;
+constexpr int kLongestHeading = 260;  // of a column, in pixels
 
-// What a column may be taken for, as the boxes list it.
-struct Meaning {
-  QString words;
-  FileColumn column;
+const QString kListsLook = QStringLiteral(
+    "QListWidget, QTableWidget { background: white; border: 1px solid %@; border-radius: 6px; outline: none; "
+    "}"
+    "QListWidget::item { padding: 4px 8px; }"
+    "QListWidget::item:selected, QTableWidget::item:selected { background: %@; color: white; }"
+    "QHeaderView::section { background: white; border: none; padding: 6px; }");
+
+// Does not change under a wheel that passes by.
+class StillBox : public QComboBox {
+ public:
+  using QComboBox::QComboBox;
+
+ protected:
+  void wheelEvent(QWheelEvent* event) override { event->ignore(); }
 };
-
-QString titleOf(size_t place) {
-  for (qint64 kind = RecordType::general; kind <= RecordType::blood; ++kind)
-    for (const Measure& row : storedMeasuresOf(kind))
-      if (exchangePlace(QString::fromLatin1(row.exchangeName)) == place) return word(row.titleKey);
-  return {};
-}
-
-QList<Meaning> meanings() {
-  QList<Meaning> list{{word("import_left_out"), {}},
-                      {word("date"), {.heading = {}, .role = Role::Date}},
-                      {word("import_time"), {.heading = {}, .role = Role::Time}}};
-  for (size_t place = 0; place < exchangeColumns().size(); ++place) {
-    const FileColumn value{.heading = {}, .role = Role::Value, .place = place};
-    list.append({titleOf(place), value});
-    for (const FileUnit& unit : unitsOf(exchangeColumns()[place].name)) {
-      FileColumn inUnit = value;
-      inUnit.unit = &unit;
-      list.append({titleOf(place) + QStringLiteral(", ") + QString::fromUtf8(unit.name), inUnit});
-    }
-  }
-  return list;
-}
-
-bool isSame(const FileColumn& one, const FileColumn& other) {
-  return one.role == other.role &&
-         (one.role != Role::Value || (one.place == other.place && one.unit == other.unit));
-}
-
-QString columnTitle(const QString& name) {
-  if (name.isEmpty()) return QStringLiteral("–");
-  if (name == kExchangeDate) return word("date");
-  const auto place = exchangePlace(name);
-  return place ? titleOf(*place) : name;
-}
-
-QString faultWords(const ParseFault& fault) {
-  const char* key = "import_fault";
-  if (fault.line == 0 && !fault.mendedBy) return word("import_no_table");
-  if (fault.mendedBy == Choice::DateOrder) key = "import_fault_order";
-  if (fault.mendedBy == Choice::Units) key = "import_fault_units";
-  if (fault.mendedBy == Choice::Several) key = "import_fault_several";
-  return filled(filled(word(key), fault.line), columnTitle(fault.column));
-}
 
 // The choice of a box whose first row chooses nothing.
 template <class Value>
@@ -94,59 +62,68 @@ std::optional<Value> chosen(const QComboBox* box) {
   return box->currentIndex() == 0 ? std::nullopt : std::optional(static_cast<Value>(box->currentIndex() - 1));
 }
 
+QString cut(const QString& text, const QFont& font, Qt::TextElideMode mode, int width) {
+  return QFontMetrics(font).elidedText(text, mode, width);
+}
+
 }  // namespace
 
 ImportSheet::ImportSheet(QWidget* window, const QString& name, QByteArray file)
     : QDialog(window, Qt::Sheet),
       _file(std::move(file)),
-      _days(new QTableWidget(this)),
+      _asked(new QWidget(this)),
       _tells(new QLabel(this)),
+      _lines(new QListWidget(this)),
+      _days(new QTableWidget(this)),
+      _back(new QPushButton(word("import_back"), this)),
+      _cancel(new QPushButton(word("Cancel"), this)),
       _import(new QPushButton(word("import_button"), this)) {
   setWindowModality(Qt::WindowModal);
   setAttribute(Qt::WA_DeleteOnClose);
-  resize(kImportSize);
+  resize(kImportSize.boundedTo(window->size()));
   setWindowTitle(word("import_button"));
-  auto* heading = new QLabel(filled(word("import_heading"), name), this);
+  auto* heading = new QLabel(this);
   heading->setTextFormat(Qt::PlainText);
-  heading->setWordWrap(true);
   auto* rows = new QVBoxLayout(this);
   rows->setContentsMargins(kImportMargin, kImportMargin, kImportMargin, kImportMargin);
   rows->setSpacing(kImportGap);
   rows->addWidget(heading);
-  addColumns(rows);
-  auto* form = new QFormLayout;
-  form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
-  _order = addChoice(form, "import_order", {"import_by_file", "import_day_first", "import_month_first"});
-  _units = addChoice(form, "Units", {"import_by_file", "Metric", "US"});
+  auto* asked = new QVBoxLayout(_asked);
+  asked->setContentsMargins({});
+  asked->setSpacing(kImportGap);
+  addColumns(asked);
+  auto* choices = new QGridLayout;
+  choices->setHorizontalSpacing(kImportMargin);
+  _order = addChoice(choices, "import_order", {"import_by_file", "import_day_first", "import_month_first"});
+  _units = addChoice(choices, "Units", {"import_by_file", "Metric", "US"});
   _several =
-      addChoice(form, "import_several", {"import_by_file", "import_mean", "import_first", "import_last"});
-  _existing = addChoice(form, "import_existing", {"import_replace", "import_keep"});
-  rows->addLayout(form);
-  _tells->setWordWrap(true);
-  _tells->setTextFormat(Qt::PlainText);
-  rows->addWidget(_tells);
-  _days->setEditTriggers(QAbstractItemView::NoEditTriggers);
-  _days->setAccessibleName(word("import_days"));
-  _days->verticalHeader()->hide();
-  rows->addWidget(_days, 1);
-  auto* buttons = new QDialogButtonBox(this);
-  QPushButton* cancel = buttons->addButton(word("Cancel"), QDialogButtonBox::RejectRole);
-  buttons->addButton(_import, QDialogButtonBox::AcceptRole);
-  rows->addWidget(buttons);
+      addChoice(choices, "import_several", {"import_by_file", "import_mean", "import_first", "import_last"});
+  _existing = addChoice(choices, "import_existing", {"import_replace", "import_keep"});
+  asked->addLayout(choices);
+  rows->addWidget(_asked, 1);
+  addLists(rows);
+  addButtons(rows);
   dressInHouseStyle(this, kImportPixels);
-  heading->setFont(fonts::system(kImportHeadingPixels));
-  _import->setDefault(true);
-  connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
-  connect(_import, &QPushButton::clicked, this, &ImportSheet::store);
+  for (QWidget* list : std::initializer_list<QWidget*>{_lines, _days})
+    list->setStyleSheet(filled(kListsLook, {palette::lightGray.name(), palette::teal.name()}));
+  const QFont large = fonts::system(kImportHeadingPixels);
+  heading->setFont(large);
+  heading->setText(filled(word("import_heading"), cut(name, large, Qt::ElideMiddle, width() / 2)));
+  walkByTab();
   look();
 }
 
-QComboBox* ImportSheet::addChoice(QFormLayout* form, const char* title,
+// Two beside each other, each below its title.
+QComboBox* ImportSheet::addChoice(QGridLayout* choices, const char* title,
                                   std::initializer_list<const char*> words) {
-  auto* box = new QComboBox(this);
+  auto* box = new StillBox(this);
   for (const char* key : words) box->addItem(word(key));
   box->setAccessibleName(word(title));
-  form->addRow(new QLabel(word(title), this), box);
+  const int number = choices->count() / 2;
+  const int row = number / 2 * 2;
+  choices->addWidget(new QLabel(word(title), this), row, number % 2);
+  choices->addWidget(box, row + 1, number % 2);
+  choices->setColumnStretch(number % 2, 1);
   connect(box, &QComboBox::activated, this, &ImportSheet::look);
   return box;
 }
@@ -155,16 +132,21 @@ QComboBox* ImportSheet::addChoice(QFormLayout* form, const char* title,
 void ImportSheet::addColumns(QVBoxLayout* rows) {
   auto* content = new QWidget(this);
   auto* form = new QFormLayout(content);
+  form->setContentsMargins(0, 0, kImportGap, 0);
+  form->setLabelAlignment(Qt::AlignLeft | Qt::AlignVCenter);
   form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
-  const QList<Meaning> list = meanings();
-  for (const FileColumn& column : parseDays(_file).columns) {
-    auto* box = new QComboBox(content);
-    for (const Meaning& meaning : list) {
-      box->addItem(meaning.words);
-      if (isSame(meaning.column, column)) box->setCurrentIndex(box->count() - 1);
-    }
-    box->setAccessibleName(column.heading);
-    auto* title = new QLabel(column.heading, content);
+  const QList<ColumnMeaning> list = columnMeanings();
+  QStringList words;
+  for (const ColumnMeaning& meaning : list) words.append(meaning.words);
+  for (const FileColumn& column : columnsOfFile(_file)) {
+    const QString number = QStringLiteral("(%1)").arg(_columns.size() + 1);
+    const QString name = column.heading.isEmpty() ? number : column.heading;
+    auto* box = new StillBox(content);
+    box->addItems(words);
+    box->setCurrentIndex(static_cast<int>(rowOfMeaning(list, column)));
+    box->setAccessibleName(name);
+    auto* title =
+        new QLabel(cut(name, fonts::system(kImportPixels), Qt::ElideRight, kLongestHeading), content);
     title->setTextFormat(Qt::PlainText);
     form->addRow(title, box);
     connect(box, &QComboBox::activated, this, &ImportSheet::look);
@@ -175,10 +157,55 @@ void ImportSheet::addColumns(QVBoxLayout* rows) {
   scroll->setWidgetResizable(true);
   scroll->setFrameShape(QFrame::NoFrame);
   scroll->setMinimumHeight(kColumnsHeight);
+  scroll->setFocusPolicy(Qt::NoFocus);
+  scroll->setVisible(!_columns.isEmpty());
   content->setObjectName(QStringLiteral("columns"));
   scroll->setStyleSheet(QStringLiteral("#columns { background: %1 }").arg(palette::white.name()));
   dressScroller(scroll->verticalScrollBar(), palette::teal);
   rows->addWidget(scroll, 1);
+}
+
+void ImportSheet::addLists(QVBoxLayout* rows) {
+  _tells->setWordWrap(true);
+  _tells->setTextFormat(Qt::PlainText);
+  rows->addWidget(_tells);
+  _lines->setWordWrap(true);
+  _lines->setMinimumHeight(kLinesHeight);
+  _lines->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  rows->addWidget(_lines, 1);
+  _days->setEditTriggers(QAbstractItemView::NoEditTriggers);
+  _days->setTabKeyNavigation(false);
+  _days->setSelectionBehavior(QAbstractItemView::SelectRows);
+  _days->setShowGrid(false);
+  _days->setAccessibleName(word("import_days"));
+  _days->verticalHeader()->hide();
+  rows->addWidget(_days, 1);
+  _days->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+  for (QScrollBar* bar :
+       {_lines->verticalScrollBar(), _days->verticalScrollBar(), _days->horizontalScrollBar()})
+    dressScroller(bar, palette::teal);
+}
+
+void ImportSheet::addButtons(QVBoxLayout* rows) {
+  auto* buttons = new QHBoxLayout;
+  buttons->addStretch();
+  for (QPushButton* button : {_back, _cancel, _import}) {
+    button->setAutoDefault(false);
+    buttons->addWidget(button);
+  }
+  rows->addLayout(buttons);
+  _back->hide();
+  _import->setDefault(true);
+  connect(_cancel, &QPushButton::clicked, this, &QDialog::reject);
+  connect(_import, &QPushButton::clicked, this, &ImportSheet::store);
+  connect(_back, &QPushButton::clicked, this, &ImportSheet::putBack);
+}
+
+void ImportSheet::walkByTab() {
+  QList<QWidget*> way(_columns.begin(), _columns.end());
+  way << _order << _units << _several << _existing << _lines << _days << _back << _cancel << _import;
+  for (qsizetype i = 1; i < way.size(); ++i) setTabOrder(way[i - 1], way[i]);
+  way.first()->setFocus();
 }
 
 ImportOptions ImportSheet::options() const {
@@ -186,76 +213,86 @@ ImportOptions ImportSheet::options() const {
   options.choices = {.dateOrder = chosen<DateOrder>(_order),
                      .units = chosen<UnitSystem>(_units),
                      .several = chosen<Several>(_several)};
-  const QList<Meaning> list = meanings();
+  const QList<ColumnMeaning> list = columnMeanings();
   for (qsizetype i = 0; i < _columns.size(); ++i)
     options.choices.columns.insert(i, list.at(_columns.at(i)->currentIndex()).column);
   options.overwriting = _existing->currentIndex() == 0 ? Overwriting::Replace : Overwriting::Keep;
   return options;
 }
 
+void ImportSheet::tell(const QString& text, bool isGood) {
+  _tells->setText(text);
+  _tells->setStyleSheet(QStringLiteral("color: %1").arg((isGood ? palette::black : palette::red).name()));
+}
+
 void ImportSheet::look() {
   const WaitCursor waiting;
   const PreviewResult result = previewImport(_file, Paths::databaseFile(), options());
+  const ImportTelling telling = tellingOf(result);
+  tell(telling.summary, !telling.isRefused);
+  _lines->clear();
+  _lines->addItems(telling.lines);
+  _lines->setAccessibleName(telling.linesName);
+  _lines->setVisible(!telling.lines.isEmpty());
   const auto* preview = std::get_if<ImportPreview>(&result);
-  QStringList lines;
-  if (preview == nullptr) {
-    lines.append(filled(word("import_no_diary"), std::get<FileError>(result).text));
-  } else if (!preview->faults.empty()) {
-    for (const ParseFault& fault : preview->faults) lines.append(faultWords(fault));
-    lines.removeDuplicates();
-    if (lines.size() > kShownFaults) lines = lines.first(kShownFaults) + QStringList(QStringLiteral("…"));
-  } else {
-    lines.append(filled(filled(filled(word("import_counts"), preview->newDays), preview->changedDays),
-                        preview->sameDays));
-    for (size_t i = 0; i < std::min(kShownReplaced, preview->replaced.size()); ++i) {
-      const ReplacedValue& value = preview->replaced[i];
-      lines.append(QStringLiteral("%1, %2: %3 → %4")
-                       .arg(value.date, titleOf(value.place), exchangedText(value.place, value.before),
-                            exchangedText(value.place, value.after)));
-    }
-    if (preview->replaced.size() > kShownReplaced) lines.append(QStringLiteral("…"));
-  }
-  const bool isGood = preview != nullptr && preview->faults.empty();
-  _tells->setText(lines.join(QLatin1Char('\n')));
-  _tells->setStyleSheet(QStringLiteral("color: %1").arg((isGood ? palette::black : palette::red).name()));
-  _import->setEnabled(isGood && !preview->days.empty());
-  showDays(preview == nullptr ? ImportPreview() : *preview);
+  _days->setVisible(preview != nullptr && !preview->days.empty());
+  _import->setEnabled(preview != nullptr && preview->changesAnything());
+  if (preview != nullptr) showDays(*preview);
 }
 
-// The first days as they would be stored, with the columns that one of them fills.
 void ImportSheet::showDays(const ImportPreview& preview) {
-  std::vector<size_t> places;
-  for (size_t place = 0; place < exchangeColumns().size(); ++place)
-    if (std::any_of(preview.days.begin(), preview.days.end(),
-                    [place](const ExchangeDay& day) { return day.values[place].has_value(); }))
-      places.push_back(place);
-  const auto count = static_cast<int>(std::min(kShownDays, preview.days.size()));
-  _days->setRowCount(count);
-  _days->setColumnCount(static_cast<int>(places.size()) + 1);
-  QStringList titles{word("date")};
-  for (const size_t place : places) titles.append(titleOf(place));
-  _days->setHorizontalHeaderLabels(titles);
-  for (int row = 0; row < count; ++row) {
-    const ExchangeDay& day = preview.days[static_cast<size_t>(row)];
-    _days->setItem(row, 0, new QTableWidgetItem(day.date));
-    for (int i = 0; i < std::ssize(places); ++i) {
-      const auto place = places[static_cast<size_t>(i)];
-      const auto& value = day.values[place];
-      _days->setItem(row, i + 1, new QTableWidgetItem(value ? exchangedText(place, *value) : QString()));
-    }
-  }
+  const QList<QStringList> rows = shownDays(preview);
+  const auto width = static_cast<int>(rows.first().size());
+  _days->setRowCount(static_cast<int>(rows.size()) - 1);
+  _days->setColumnCount(width);
+  _days->setHorizontalHeaderLabels(rows.first());
+  for (int row = 0; row < _days->rowCount(); ++row)
+    for (int column = 0; column < width; ++column)
+      _days->setItem(row, column, new QTableWidgetItem(rows[row + 1][column]));
   _days->resizeColumnsToContents();
+  for (int column = 0; column < width; ++column)
+    _days->setColumnWidth(column, _days->columnWidth(column) + kImportGap);
 }
 
 void ImportSheet::store() {
   const WaitCursor waiting;
-  const PreviewResult result = importBytes(_file, options());
+  const auto [result, kept, isUnsafe] = importKeepingDiary(_file, options());
   if (const auto* error = std::get_if<FileError>(&result)) {
-    _tells->setText(filled(word("import_no_diary"), error->text));
-    return;
+    logLine(error->text);
+    return tell(filled(word(isUnsafe ? "import_unsafe" : "import_no_diary"), error->text), false);
   }
-  emit imported();
-  accept();
+  const auto& done = std::get<ImportPreview>(result);
+  if (!done.changesAnything()) return look();
+  _kept = kept;
+  tellDone(done);
+  emit diaryChanged();
+}
+
+// What asked is gone, and the sheet is as large as what it says.
+void ImportSheet::tellDone(const ImportPreview& done) {
+  const QString days = filled(word("import_done"), done.newDays + done.changedDays);
+  const bool isKept = !_kept.isEmpty();
+  tell(isKept ? days + QLatin1Char('\n') + filled(word("import_kept"), QFileInfo(_kept).fileName()) : days,
+       true);
+  for (QWidget* gone : std::initializer_list<QWidget*>{_asked, _lines, _days, _import}) gone->hide();
+  _back->setVisible(isKept);
+  _cancel->setText(word("Close"));
+  _cancel->setDefault(true);
+  _cancel->setFocus(Qt::OtherFocusReason);
+  resize(width(), minimumSizeHint().height());
+}
+
+void ImportSheet::putBack() {
+  const WaitCursor waiting;
+  const auto result = restoreWhole(_kept);
+  if (const auto* error = std::get_if<FileError>(&result)) {
+    logLine(error->text);
+    return tell(word("restore_failed"), false);
+  }
+  tell(word("import_is_back"), true);
+  _cancel->setFocus(Qt::OtherFocusReason);
+  _back->hide();
+  emit diaryChanged();
 }
 
 }  // namespace sanovia

@@ -1,5 +1,5 @@
 // The sheet that shows what a file would do to the diary, asks what the file leaves open, and stores all of
-// it or nothing.
+// it or nothing. Then it offers the way back, to the copy that was made before.
 #pragma once
 
 #include <QDialog>
@@ -7,8 +7,9 @@
 #include "core/exchange/DiaryImport.h"
 
 class QComboBox;
-class QFormLayout;
+class QGridLayout;
 class QLabel;
+class QListWidget;
 class QPushButton;
 class QTableWidget;
 class QVBoxLayout;
@@ -28,29 +29,44 @@ class ImportSheet : public QDialog {
   // What the columns are taken for, one box a column.
   const QList<QComboBox*>& columnBoxes() const { return _columns; }
   QPushButton* importButton() const { return _import; }
-  // What would change, or what stands against it.
+  // Shown once something was stored and the diary as it was before is kept.
+  QPushButton* backButton() const { return _back; }
+  // What would change or was done, or that something stands against it.
   QLabel* tellsLabel() const { return _tells; }
+  // What stands against it, or what would be replaced.
+  QListWidget* linesList() const { return _lines; }
 
  signals:
-  // The diary has what the sheet showed.
-  void imported();
+  // The diary is another one: as the sheet showed, or as it was before.
+  void diaryChanged();
 
  private:
-  QComboBox* addChoice(QFormLayout* form, const char* title, std::initializer_list<const char*> words);
+  QComboBox* addChoice(QGridLayout* choices, const char* title, std::initializer_list<const char*> words);
   void addColumns(QVBoxLayout* rows);
+  void addLists(QVBoxLayout* rows);
+  void addButtons(QVBoxLayout* rows);
+  void walkByTab();
   ImportOptions options() const;
   void look();
   void showDays(const ImportPreview& preview);
   void store();
+  void tellDone(const ImportPreview& done);
+  void putBack();
+  void tell(const QString& text, bool isGood);
 
   QByteArray _file;
+  QString _kept;
+  QWidget* _asked;  // everything that leads to the import
   QComboBox* _order;
   QComboBox* _units;
   QComboBox* _several;
   QComboBox* _existing;
   QList<QComboBox*> _columns;
-  QTableWidget* _days;
   QLabel* _tells;
+  QListWidget* _lines;
+  QTableWidget* _days;
+  QPushButton* _back;
+  QPushButton* _cancel;
   QPushButton* _import;
 };
 

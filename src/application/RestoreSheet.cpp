@@ -12,11 +12,10 @@
 #include "application/WaitCursor.h"
 #include "core/backup/Copies.h"
 #include "core/backup/Restore.h"
-#include "core/dates/Utils.h"
 #include "core/foundation/Log.h"
 #include "core/foundation/TextFormat.h"
 #include "core/localisation/Language.h"
-#include "core/preferences/Preferences.h"
+#include "core/measures/ValueText.h"
 #include "drawing/Fonts.h"
 #include "drawing/Palette.h"
 #include "ui/controls/ColoredView.h"
@@ -43,11 +42,6 @@ const QString kListLook = QStringLiteral(
 
 enum Column : quint8 { DateOfCopy, Days, LastEntry };
 constexpr int kFileRole = Qt::UserRole;
-
-QString dayText(const QString& day) {
-  return Utils::convertFormat(day, Utils::databaseFormat(),
-                              Utils::dateFormatForMetric(Preferences::isMetric()));
-}
 
 QString previewText(const RestorePreview& preview) {
   const QString days = filled(filled(word("restore_days_now_then"), preview.daysNow), preview.daysThen);
@@ -126,7 +120,7 @@ void RestoreSheet::openFor(bool isDamaged) {
   _whole->setChecked(true);
   _copies->clear();
   for (const DiaryCopy& copy : diaryCopies()) {
-    const QString day = dayText(copy.date.toString(Qt::ISODate));
+    const QString day = dateText(copy.date.toString(Qt::ISODate));
     addRow(copy.isKept ? filled(word("restore_kept"), day) : day, copy.file);
   }
   _copies->setColumnWidth(DateOfCopy, kDateWidth);
@@ -143,7 +137,7 @@ void RestoreSheet::addRow(const QString& title, const QString& file) {
   row->setData(DateOfCopy, kFileRole, file);
   if (const auto* known = std::get_if<CopySummary>(&summary)) {
     row->setText(Days, QLocale().toString(known->days));
-    row->setText(LastEntry, known->lastEntry.isEmpty() ? QString() : dayText(known->lastEntry));
+    row->setText(LastEntry, known->lastEntry.isEmpty() ? QString() : dateText(known->lastEntry));
   }
 }
 

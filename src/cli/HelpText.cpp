@@ -36,7 +36,8 @@ brings them back.
 Commands:
   import FILE      Take the days of the file into the diary, all or, if anything
                    is wrong, none. A day that is there already keeps every value
-                   that the file does not give. A file has at most 256 MiB.
+                   that the file does not give. The present diary is kept as a
+                   copy first. A file has at most 256 MiB.
   export FILE      Write the diary to the file, one line for each day. A new file
                    can be read by you alone.
   report FILE.pdf  Write the report that the window's command saves. A file that
@@ -72,6 +73,7 @@ Options of import:
   --several CHOICE
                    What counts where a day has several readings: mean, first or
                    last.
+  --keep           Keep the values that the diary has already.
   --dry-run        Say what would change, and store nothing.
 
 Options of export:

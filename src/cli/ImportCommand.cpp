@@ -9,10 +9,11 @@
 
 #include "cli/Console.h"
 #include "cli/ProgressLine.h"
+#include "core/backup/KeptImport.h"
 #include "core/exchange/Columns.h"
-#include "core/exchange/DiaryImport.h"
 #include "core/foundation/Paths.h"
 #include "core/foundation/WholeFile.h"
+#include "core/localisation/Language.h"
 
 namespace sanovia {
 namespace {
@@ -44,9 +45,9 @@ bool choose(const QString& text, const Word<Value> (&words)[N], std::optional<Va
 
 QString optionOf(Choice choice) {
   switch (choice) {
-    case Choice::DateOrder: return u"--date-order dmy or mdy says which it is"_s;
-    case Choice::Units: return u"--units us says so"_s;
-    case Choice::Several: return u"--several mean, first or last says what counts"_s;
+    case Choice::DateOrder: return word("option_order");
+    case Choice::Units: return word("option_units");
+    case Choice::Several: return word("option_several");
   }
   return {};
 }
@@ -71,7 +72,7 @@ QStringList leftOut(const ImportPreview& preview) {
   return headings;
 }
 
-QByteArray json(const ImportPreview& preview, const ImportWords& words) {
+QByteArray json(const ImportPreview& preview, const QString& kept, const ImportWords& words) {
   QJsonObject columns;
   for (const FileColumn& column : preview.columns)
     if (!takenAs(column).isEmpty()) columns.insert(column.heading, takenAs(column));
@@ -83,6 +84,7 @@ QByteArray json(const ImportPreview& preview, const ImportWords& words) {
                                 {u"after"_s, value.after}});
   const QJsonObject report{{u"diary"_s, Paths::databaseFile()},
                            {u"stored"_s, !words.isDryRun},
+                           {u"kept"_s, kept.isEmpty() ? QJsonValue() : kept},
                            {u"columns"_s, columns},
                            {u"leftOut"_s, QJsonArray::fromStringList(leftOut(preview))},
                            {u"days"_s, static_cast<qint64>(preview.days.size())},
@@ -115,11 +117,17 @@ QString previewText(const ImportPreview& preview) {
   return text + QString::fromUtf8(csvOf(shown)).remove(u'\r');
 }
 
-PreviewResult carryOut(const QString& file, const ImportWords& words, const ImportOptions& options) {
+KeptImport carryOut(const QString& file, const ImportWords& words, const ImportOptions& options) {
   const auto bytes = readWhole(file, kLargestImport);
-  if (const auto* error = std::get_if<FileError>(&bytes)) return *error;
-  return words.isDryRun ? previewImport(std::get<QByteArray>(bytes), Paths::databaseFile(), options)
-                        : importBytes(std::get<QByteArray>(bytes), options);
+  if (const auto* error = std::get_if<FileError>(&bytes)) return {*error};
+  if (words.isDryRun) return {previewImport(std::get<QByteArray>(bytes), Paths::databaseFile(), options)};
+  return importKeepingDiary(std::get<QByteArray>(bytes), options);
+}
+
+int refuseFault(const QString& file, const ParseFault& fault) {
+  const QString help = fault.mendedBy ? u"; "_s + optionOf(*fault.mendedBy) : QString();
+  const QString name = file == kStandardStream ? u"standard input"_s : file;
+  return fail(Failed, name + u": "_s + faultText(fault) + help);
 }
 
 }  // namespace
@@ -131,28 +139,29 @@ int runImport(const QString& file, const ImportWords& words) {
   if (!choose(words.units, kSystems, options.choices.units)) return refuse(u"--units takes metric or us"_s);
   if (!choose(words.several, kSeveral, options.choices.several))
     return refuse(u"--several takes mean, first or last"_s);
+  if (words.keepsExisting) options.overwriting = Overwriting::Keep;
 
   ProgressOnTerminal progress("Importing");
   options.exchange.progress = progress.function();
-  const PreviewResult result = carryOut(file, words, options);
+  const auto [result, kept, isUnsafe] = carryOut(file, words, options);
   progress.clear();
-  if (const auto* error = std::get_if<FileError>(&result)) return fail(Failed, error->text);
+  if (const auto* error = std::get_if<FileError>(&result))
+    return fail(Failed,
+                (isUnsafe ? u"Nothing was imported, since no copy could be made first: "_s : QString()) +
+                    error->text);
   const auto& preview = std::get<ImportPreview>(result);
-  if (!preview.faults.empty()) {
-    const ParseFault& fault = preview.faults.front();
-    const QString help = fault.mendedBy ? u"; "_s + optionOf(*fault.mendedBy) : QString();
-    const QString name = file == kStandardStream ? u"standard input"_s : file;
-    return fail(Failed, name + u": "_s + faultText(fault) + help);
-  }
+  if (!preview.faults.empty()) return refuseFault(file, preview.faults.front());
   if (words.inJson) {
-    write(stdout, json(preview, words));
+    write(stdout, json(preview, kept, words));
     return Done;
   }
   const QStringList headings = leftOut(preview);
   if (words.isDryRun) write(stdout, previewText(preview).toLocal8Bit());
   if (!headings.isEmpty()) say(u"Left out: %1."_s.arg(headings.join(u", "_s)));
+  const QString way = kept.isEmpty() ? QString() : u" The earlier diary is kept as %1."_s.arg(kept);
   say((words.isDryRun ? u"Nothing was stored: %1 would go into %2."_s : u"Imported %1 into %2."_s)
-          .arg(counted(std::ssize(preview.days), u"day"_s), Paths::databaseFile()));
+          .arg(counted(std::ssize(preview.days), u"day"_s), Paths::databaseFile()) +
+      way);
   return Done;
 }
 

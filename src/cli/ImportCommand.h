@@ -10,6 +10,7 @@ struct ImportWords {
   QString dateOrder;
   QString units;
   QString several;
+  bool keepsExisting = false;
   bool isDryRun = false;
   bool inJson = false;
 };

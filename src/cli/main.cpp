@@ -31,6 +31,7 @@ const QCommandLineOption kJson(QStringLiteral("json"));
 const QCommandLineOption kDateOrder(QStringLiteral("date-order"), {}, QStringLiteral("order"));
 const QCommandLineOption kUnits(QStringLiteral("units"), {}, QStringLiteral("system"));
 const QCommandLineOption kSeveral(QStringLiteral("several"), {}, QStringLiteral("choice"));
+const QCommandLineOption kKeep(QStringLiteral("keep"));
 const QCommandLineOption kDryRun(QStringLiteral("dry-run"));
 const QCommandLineOption kFormat(QStringLiteral("format"), {}, QStringLiteral("format"));
 const QCommandLineOption kWithPerson(QStringLiteral("with-person"));
@@ -56,13 +57,14 @@ struct Command {
 
 const Command kCommands[] = {
     {QStringLiteral("import"),
-     {kDateOrder, kUnits, kSeveral, kDryRun, kJson},
+     {kDateOrder, kUnits, kSeveral, kKeep, kDryRun, kJson},
      1,
      1,
      [](const QString& file, const QCommandLineParser& parser) {
        return runImport(file, {.dateOrder = valueOf(parser, kDateOrder),
                                .units = valueOf(parser, kUnits),
                                .several = valueOf(parser, kSeveral),
+                               .keepsExisting = parser.isSet(kKeep),
                                .isDryRun = parser.isSet(kDryRun),
                                .inJson = parser.isSet(kJson)});
      }},
@@ -179,8 +181,8 @@ int main(int argc, char** argv) {
   QCommandLineParser parser;
   const QCommandLineOption help(QStringList{QStringLiteral("h"), QStringLiteral("help")});
   const QCommandLineOption version(QStringList{QStringLiteral("v"), QStringLiteral("version")});
-  parser.addOptions({help, version, kFrom, kTo, kPaper, kJson, kDateOrder, kUnits, kSeveral, kDryRun, kFormat,
-                     kWithPerson, kList, kDate, kMissing, kRepair});
+  parser.addOptions({help, version, kFrom, kTo, kPaper, kJson, kDateOrder, kUnits, kSeveral, kKeep, kDryRun,
+                     kFormat, kWithPerson, kList, kDate, kMissing, kRepair});
   if (!parser.parse(arguments)) {
     QString reason = parser.errorText();
     if (reason.endsWith(QLatin1Char('.'))) reason.chop(1);

@@ -72,6 +72,19 @@ TEST_F(Cli, TakesADiaryInAndOut) {
   writeBytes(csv, "date;weight;crp\n2026-01-02;72,8;\n2026-01-03;;0,1\n2026-01-04;;\n");
   EXPECT_EQ(run({u"import"_s, csv}), u"Imported 2 days into %1.\n"_s.arg(Paths::databaseFile()));
   EXPECT_EQ(query(u"SELECT weight FROM general"_s), texts({"72.8"}));
+  writeBytes(file(u"b.csv"_s), "date,weight,pulse\n2026-01-02,73,60\n");
+  const QStringList import{u"import"_s, file(u"b.csv"_s)};
+  const auto kept = [](const QString& said) {
+    QString name = said.section(u" The earlier diary is kept as "_s, 1);
+    name.chop(2);
+    return QFile::exists(name) ? name : QString();
+  };
+  const QString first = kept(run(import + QStringList(u"--keep"_s)));
+  EXPECT_EQ(query(u"SELECT weight || pulse FROM general, pressure"_s), texts({"72.860"}));
+  EXPECT_FALSE(kept(run(import)).isEmpty());
+  EXPECT_EQ(kept(run(import)), QString()) << "nothing has changed";
+  run({u"restore"_s, first});
+  EXPECT_EQ(query(u"SELECT weight FROM general UNION SELECT pulse FROM pressure"_s), texts({"72.8"}));
   execute(u"DELETE FROM blood"_s);
   EXPECT_EQ(run({u"export"_s, csv}), u"Exported 1 day to %1.\n"_s.arg(csv));
   EXPECT_TRUE(bytesOf(csv).endsWith("wbc\r\n2026-01-02,,,,72.8,,,,,,,,,\r\n"));
@@ -83,6 +96,8 @@ TEST_F(Cli, SaysInOneLineWhatFailed) {
   EXPECT_EQ(run({u"import"_s, csv}, 1), csv + u": line 2, column pulse: \"6 0\" is no number\n"_s);
   EXPECT_FALSE(QFile::exists(Paths::databaseFile())) << "a wrong file does not even make a diary";
   run({u"import"_s, file(u"two\nlines.csv"_s)}, 1);
+  _environment.insert(u"LC_ALL"_s, u"de_DE.UTF-8"_s);
+  EXPECT_EQ(run({u"import"_s, csv}, 1), csv + u": Zeile 2, Spalte pulse: „6 0“ ist keine Zahl\n"_s);
   run({u"export"_s, file(u"missing/a.csv"_s)}, 1);
 }
 

@@ -133,6 +133,7 @@ TEST_F(Foundation, AFormatIsFilledOnceAndNeverTrusted) {
       {"From %@", "%d %@", "From %d %@"}, {"%s%s%n", "x", "x%s%n"}, {"第 %@ 天 100%", "三", "第 三 天 100%"}};
   for (const auto& [format, value, result] : cases)
     EXPECT_EQ(filled(QString::fromUtf8(format), QString::fromUtf8(value)).toStdString(), result);
+  EXPECT_EQ(filled(u"%@: %d."_s, {u"%@"_s, u"x"_s, u"y"_s}), u"%@: x."_s);
 
   // One decimal is rounded as printf rounds it: exact halves go to the even neighbour.
   setLocale(u"de_DE"_s);

@@ -6,11 +6,14 @@
 #include <QEventLoop>
 #include <QLocale>
 #include <QPainter>
+#include <QTemporaryDir>
 #include <QTextStream>
 #include <QTimer>
 
 #include "application/AppDelegate.h"
+#include "application/ExportSheet.h"
 #include "application/HelpWindow.h"
+#include "application/ImportSheet.h"
 #include "application/MainWindow.h"
 #include "application/Papers.h"
 #include "application/PreferencesSheet.h"
@@ -54,8 +57,8 @@ class Photographer {
   bool takeAll() {
     const bool saved = takeTablesAndPanels();
     const bool savedCharts = takeCharts();
-    return takeMenus() && takePreferences() && takeAbout() && takeHelp() && takeSummary() && saved &&
-           savedCharts;
+    return takeMenus() && takePreferences() && takeAbout() && takeHelp() && takeSummary() && takeExchange() &&
+           saved && savedCharts;
   }
 
  private:
@@ -171,6 +174,35 @@ class Photographer {
     if (_delegate->papers().summaryWindow() == nullptr) return true;  // no value
     const bool saved = take(QStringLiteral("summary"), _delegate->papers().summaryWindow());
     _delegate->papers().summaryWindow()->close();
+    return saved;
+  }
+
+  // A meter's file that leaves something open and one that does not, beside the days of the sample diary.
+  bool takeExchange() {
+    const QByteArray head = "Date,Time,Systolic (mmHg),Diastolic (mmHg),Pulse (bpm),Note\n";
+    const QString day = _delegate->getEndDate().toString(QStringLiteral("yyyy/MM/dd"));
+    const QByteArray evening = day.toLatin1() + ",21:40,128,82,66,evening\n";
+    const bool saved =
+        takeImport(head + evening + day.toLatin1() + ",07:15,134,86,61,\n", QStringLiteral("import-refused"));
+    const bool savedGood = takeImport(head + evening, QStringLiteral("import"));
+    _delegate->exportFile();
+    auto* sheet = _delegate->window()->findChild<ExportSheet*>();
+    const bool savedExport = take(QStringLiteral("export"), sheet);
+    sheet->reject();
+    settle();
+    return saved && savedGood && savedExport;
+  }
+
+  bool takeImport(const QByteArray& bytes, const QString& screen) {
+    const QTemporaryDir folder;
+    QFile file(folder.filePath(QStringLiteral("meter.csv")));
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size()) return false;
+    file.close();
+    _delegate->importFrom(file.fileName());
+    auto* sheet = _delegate->window()->findChildren<ImportSheet*>().last();
+    const bool saved = take(screen, sheet);
+    sheet->reject();
+    settle();
     return saved;
   }
 

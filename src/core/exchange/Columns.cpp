@@ -43,8 +43,8 @@ void appendTable(Layout& layout, qint64 recordType) {
   for (const Measure& measure : storedMeasuresOf(recordType)) {
     const QString name = QString::fromLatin1(measure.exchangeName);
     if (name.isEmpty()) continue;
-    layout.columns.push_back({name, QString::fromLatin1(measure.column), measure.meaning, isWhole(measure),
-                              isSingle<Record>(measure), measure.holdsFrom, measure.holdsTo,
+    layout.columns.push_back({measure.id, name, QString::fromLatin1(measure.column), measure.meaning,
+                              isWhole(measure), isSingle<Record>(measure), measure.holdsFrom, measure.holdsTo,
                               measure.plausible.low, measure.plausible.high});
   }
   layout.tables.push_back({.name = Record::tableName(),

@@ -8,6 +8,7 @@
 #include <span>
 #include <vector>
 
+#include "core/measures/Measure.h"
 #include "core/measures/RecordRef.h"
 
 namespace sanovia {
@@ -16,6 +17,7 @@ namespace sanovia {
 inline const QString kExchangeDate = QStringLiteral("date");
 
 struct ExchangeColumn {
+  MeasureId id;
   // The name in the file, and the name in the table.
   QString name;
   QString field;

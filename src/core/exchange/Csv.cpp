@@ -2,6 +2,9 @@
 
 #include <algorithm>
 
+#include "core/foundation/TextFormat.h"
+#include "core/localisation/Language.h"
+
 namespace sanovia {
 namespace {
 
@@ -51,7 +54,7 @@ CsvRow CsvReader::readRow() {
   CsvRow row;
   do {
     if (row.size() == kMostCells)
-      fail(_line, row.size(), QStringLiteral("a line of more than %1 cells").arg(kMostCells));
+      fail(_line, row.size(), filled(word("fault_most_cells"), static_cast<qint64>(kMostCells)));
     else
       row.push_back(readCell(row.size()));
   } while (!_fault && take(_separator));
@@ -65,7 +68,7 @@ CsvCell CsvReader::readCell(size_t number) {
   const qsizetype from = _place;
   CsvCell cell{take(kQuote) ? readQuoted(number) : readPlain(), line};
   if (_place - from > kLongestCell)
-    fail(line, number, QStringLiteral("a cell of more than %1 signs").arg(kLongestCell));
+    fail(line, number, filled(word("fault_long_cell"), static_cast<qint64>(kLongestCell)));
   return cell;
 }
 
@@ -82,14 +85,14 @@ QString CsvReader::readQuoted(size_t number) {
     const qsizetype from = _place;
     if (take(kQuote) && !take(kQuote)) {
       skipBlanks();
-      if (!atCellEnd()) fail(_line, number, QStringLiteral("text after the closing quote"));
+      if (!atCellEnd()) fail(_line, number, word("fault_after_quote"));
       return QString::fromUtf8(text);
     }
     // A doubled quote is past already and counts once.
     if (_place == from && !takeLineBreak()) ++_place;
     text += _text[from] == kQuote ? QByteArrayView(&kQuote, 1) : _text.sliced(from, _place - from);
   }
-  fail(line, number, QStringLiteral("the quote that begins here is never closed"));
+  fail(line, number, word("fault_open_quote"));
   return {};
 }
 

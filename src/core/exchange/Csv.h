@@ -25,6 +25,7 @@ struct CsvFault {
   qint64 line;
   // The cell's place in its row, from 0.
   size_t cell;
+  // In the language in force.
   QString message;
 };
 

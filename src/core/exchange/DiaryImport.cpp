@@ -5,6 +5,7 @@
 #include <QStringList>
 
 #include <algorithm>
+#include <map>
 #include <memory>
 #include <span>
 
@@ -208,7 +209,9 @@ PreviewResult previewImport(const QByteArray& file, const QString& diary, const 
 PreviewResult importBytes(const QByteArray& file, const ImportOptions& options) {
   PreviewResult result = previewImport(file, Paths::databaseFile(), options);
   const auto* preview = std::get_if<ImportPreview>(&result);
-  if (preview == nullptr || !preview->faults.empty()) return result;
+  if (preview == nullptr || !preview->changesAnything()) return result;
+  if (options.beforeStoring)
+    if (const auto error = options.beforeStoring()) return *error;
   const QString diary = DBManager::sharedInstance().databasePath();
   if (const auto error = storeDays(diary, preview->days, options.exchange)) return *error;
   return result;

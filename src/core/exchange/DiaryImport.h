@@ -1,7 +1,7 @@
 // The way of a file into the diary: all of its days or none, after a look at what would change.
 #pragma once
 
-#include <map>
+#include <functional>
 #include <optional>
 #include <variant>
 #include <vector>
@@ -18,6 +18,8 @@ struct ImportOptions {
   ExchangeOptions exchange = {};
   FileChoices choices = {};
   Overwriting overwriting = Overwriting::Replace;
+  // Called once the file is known to change the diary, and before it does; a failure leaves the diary alone.
+  std::function<std::optional<FileError>()> beforeStoring = {};
 };
 
 // A value of the diary that another one takes the place of.
@@ -39,6 +41,8 @@ struct ImportPreview {
   qint64 changedDays = 0;
   qint64 sameDays = 0;
   std::vector<ReplacedValue> replaced = {};
+
+  bool changesAnything() const { return faults.empty() && newDays + changedDays > 0; }
 };
 
 using PreviewResult = std::variant<ImportPreview, FileError>;
@@ -50,7 +54,8 @@ inline constexpr qint64 kLargestImport = 256 * 1024 * 1024;
 PreviewResult previewImport(const QByteArray& file, const QString& diary, const ImportOptions& options = {});
 
 // Stores what the preview shows in the program's diary, which is made if it is missing. The file is checked
-// as a whole before the diary is touched. The result has what was done.
+// as a whole before the diary is touched, and a file that changes nothing leaves it untouched. The result has
+// what was done.
 PreviewResult importBytes(const QByteArray& file, const ImportOptions& options = {});
 
 // The same for a file that leaves no choice, with the days that had a value; its first fault is the failure.

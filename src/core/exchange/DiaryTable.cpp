@@ -10,6 +10,8 @@
 #include "core/exchange/Csv.h"
 #include "core/exchange/Encoding.h"
 #include "core/exchange/Numbers.h"
+#include "core/foundation/TextFormat.h"
+#include "core/localisation/Language.h"
 #include "core/measures/Catalogue.h"
 
 namespace sanovia {
@@ -30,10 +32,10 @@ constexpr qsizetype kDayPlace = 8;
 
 using Role = FileColumn::Role;
 
-QString inQuotes(QStringView text) {
-  QString shown = text.toString().simplified();
-  if (shown.size() > kLongestQuotation) shown = shown.left(kLongestQuotation) + QStringLiteral("...");
-  return QLatin1Char('"') + shown + QLatin1Char('"');
+// As a message quotes it.
+QString quoted(QStringView text) {
+  const QString shown = text.toString().simplified();
+  return shown.size() > kLongestQuotation ? shown.left(kLongestQuotation) + QStringLiteral("...") : shown;
 }
 
 NumberText textOf(double value, const ExchangeColumn& column) {
@@ -107,8 +109,7 @@ class DayParser {
           std::any_of(_file.columns.begin(), _file.columns.end(), [&](const auto& other) {
             return other.role == column.role && (column.role != Role::Value || other.place == column.place);
           });
-      if (isTwice)
-        fail({cell.line, cell.text.trimmed().toLower(), QStringLiteral("stands twice in the header")});
+      if (isTwice) fail({cell.line, cell.text.trimmed().toLower(), word("fault_twice")});
       _file.columns.push_back(column);
     }
   }
@@ -118,9 +119,8 @@ class DayParser {
       return std::any_of(_file.columns.begin(), _file.columns.end(),
                          [role](const FileColumn& column) { return column.role == role; });
     };
-    if (!has(Role::Date)) return end({line, kExchangeDate, QStringLiteral("is missing in the header")});
-    if (_file.columns.size() > 1 && !has(Role::Value))
-      end({line, {}, QStringLiteral("no column of values is known in the header")});
+    if (!has(Role::Date)) return end({line, kExchangeDate, word("fault_missing")});
+    if (_file.columns.size() > 1 && !has(Role::Value)) end({line, {}, word("fault_no_values")});
     _date = placeOf(Role::Date);
     _time = placeOf(Role::Time);
   }
@@ -145,23 +145,24 @@ class DayParser {
       if (!date || !date->isDoubtful()) continue;
       if (doubt.line == 0) {
         doubt.line = (*row)[_date].line;
-        doubt.message = inQuotes((*row)[_date].text);
+        doubt.message = filled(word("fault_two_orders"), quoted((*row)[_date].text));
       }
       dayFirst = dayFirst && date->dayFirst.isValid();
       monthFirst = monthFirst && date->monthFirst.isValid();
     }
     _order = dayFirst ? DateOrder::DayMonthYear : DateOrder::MonthDayYear;
-    if (doubt.line == 0 || dayFirst != monthFirst) return;
-    doubt.message += QStringLiteral(" is a date in two orders, and no other line decides");
+    if (doubt.line == 0 || !dayFirst || !monthFirst) return;
     end(doubt);
   }
 
   void readDay(const CsvRow& row) {
     if (std::all_of(row.begin(), row.end(), [](const CsvCell& cell) { return isEmpty(cell); })) return;
-    if (row.size() > _file.columns.size() && !isEmpty(row[_file.columns.size()])) {
-      const QString message = QStringLiteral("%1 cells, but the header has %2 columns");
-      return fail({row.front().line, {}, message.arg(row.size()).arg(_file.columns.size())});
-    }
+    const size_t width = _file.columns.size();
+    if (row.size() > width && !std::all_of(row.begin() + std::ssize(_file.columns), row.end(),
+                                           [](const CsvCell& cell) { return isEmpty(cell); }))
+      return fail({row.front().line,
+                   {},
+                   filled(word("fault_cells"), {QString::number(row.size()), QString::number(width)})});
     const auto day = readDate(row);
     if (!day) return;
     for (size_t i = 0; i < std::min(row.size(), _file.columns.size()); ++i)
@@ -181,7 +182,7 @@ class DayParser {
     const QDate day = date.in(_choices.dateOrder.value_or(_order));
     if (!day.isValid()) {
       fail({line, kExchangeDate,
-            text.isEmpty() ? QStringLiteral("is empty") : inQuotes(text) + QStringLiteral(" is no date")});
+            text.isEmpty() ? word("fault_empty") : filled(word("fault_no_date"), quoted(text))});
       return std::nullopt;
     }
     if (!date.time.isValid() && _time < row.size()) date.time = readTime(row[_time].text);
@@ -193,7 +194,7 @@ class DayParser {
     const auto known = _placeOfDay.constFind(day);
     if (known != _placeOfDay.constEnd()) return *known;
     if (_file.days.size() == kMostDays) {
-      end({line, {}, QStringLiteral("more than %1 days").arg(kMostDays)});
+      end({line, {}, filled(word("fault_most_days"), static_cast<qint64>(kMostDays))});
       return std::nullopt;
     }
     _placeOfDay.insert(day, _file.days.size());
@@ -207,24 +208,23 @@ class DayParser {
     const ExchangeColumn& meant = exchangeColumns()[column.place];
     const QString text = cell.text.trimmed();
     const std::optional<double> number = decimalNumber(text);
-    const auto failed = [&](const QString& message, std::optional<Choice> mendedBy = {}) {
-      fail({cell.line, meant.name, inQuotes(text) + message, mendedBy});
+    // The words quote the text and then the further texts.
+    const auto failed = [&](const char* key, const QStringList& further = {},
+                            std::optional<Choice> mendedBy = {}) {
+      fail({cell.line, meant.name, filled(word(key), QStringList(quoted(text)) + further), mendedBy});
     };
-    if (!number) return failed(QStringLiteral(" is no number"));
+    if (!number) return failed("fault_no_number");
     const FileUnit* unit = unitOf(column, meant);
     const double value = unit == nullptr ? *number : unit->inStoredUnit(*number);
-    if (value == kNotEntered)
-      return failed(QStringLiteral(" would mean \"not entered\"; leave the cell empty for that"));
-    if (value < meant.holdsFrom)
-      return failed(QStringLiteral(" is below ") + NumberText(meant.holdsFrom).toString());
-    if (value > meant.holdsTo)
-      return failed(QStringLiteral(" is above ") + NumberText(meant.holdsTo).toString());
-    if (meant.isWhole && value != std::trunc(value)) return failed(QStringLiteral(" is no whole number"));
-    if (const FileUnit* other = betterUnit(*number, value, unit, meant))
-      return failed(QStringLiteral(" is beyond what is plausible in %1; is it in %2?")
-                        .arg(QString::fromUtf8(unit->name), QString::fromUtf8(other->name)),
-                    other->system == UnitSystem::Us && column.unit == nullptr ? std::optional(Choice::Units)
-                                                                              : std::nullopt);
+    if (value == kNotEntered) return failed("fault_not_entered");
+    if (value < meant.holdsFrom) return failed("fault_below", {NumberText(meant.holdsFrom).toString()});
+    if (value > meant.holdsTo) return failed("fault_above", {NumberText(meant.holdsTo).toString()});
+    if (meant.isWhole && value != std::trunc(value)) return failed("fault_not_whole");
+    if (const FileUnit* other = betterUnit(*number, value, unit, meant)) {
+      const bool isMended = other->system == UnitSystem::Us && column.unit == nullptr;
+      return failed("fault_unit", {QString::fromUtf8(unit->name), QString::fromUtf8(other->name)},
+                    isMended ? std::optional(Choice::Units) : std::nullopt);
+    }
     take(cell, day, column.place, meant.isSingle ? singleNamed(value) : value);
   }
 
@@ -250,10 +250,9 @@ class DayParser {
   void take(const CsvCell& cell, size_t day, size_t place, double value) {
     Readings& readings = _readings[day * exchangeColumns().size() + place];
     if (readings.count > 0 && !_choices.several && readings.taken != value)
-      return fail(
-          {cell.line, kExchangeDate,
-           QStringLiteral("\"%1\" stands in line %2 too").arg(_file.days[day].date).arg(_lineOfDay[day]),
-           Choice::Several});
+      return fail({cell.line, kExchangeDate,
+                   filled(word("fault_several"), {_file.days[day].date, QString::number(_lineOfDay[day])}),
+                   Choice::Several});
     const bool isFirst = _choices.several == Several::First;
     if (readings.count == 0 || (isFirst ? _clock < readings.time : _clock >= readings.time)) {
       readings.taken = value;
@@ -295,7 +294,10 @@ class DayParser {
     return text.isEmpty() || text == u"-" || text == u"--";
   }
 
-  void fail(const ParseFault& fault) { _file.faults.push_back(fault); }
+  void fail(ParseFault fault) {
+    fault.column = quoted(fault.column);
+    _file.faults.push_back(std::move(fault));
+  }
 
   void end(const ParseFault& fault) {
     fail(fault);
@@ -332,8 +334,18 @@ bool ParsedFile::givesPulsePressure() const {
 
 ParsedFile parseDays(const QByteArray& file, const FileChoices& choices) {
   const std::optional<QByteArray> text = utf8Of(file);
-  if (!text) return {.faults = {{0, {}, QStringLiteral("is no text in UTF-8, UTF-16 or Windows-1252")}}};
+  if (!text) return {.faults = {{0, {}, word("fault_no_text")}}};
   return DayParser(*text, choices).parse();
+}
+
+std::vector<FileColumn> columnsOfFile(const QByteArray& file) {
+  std::vector<FileColumn> columns;
+  const std::optional<QByteArray> text = utf8Of(file);
+  if (!text) return columns;
+  const std::optional<CsvRow> header = CsvReader(*text).next();
+  if (!header) return columns;
+  for (const CsvCell& cell : *header) columns.push_back(columnOf(cell.text));
+  return columns;
 }
 
 QByteArray csvOf(const std::vector<ExchangeDay>& days) {
@@ -358,10 +370,10 @@ QString exchangedText(size_t place, double value) {
 }
 
 QString faultText(const ParseFault& fault) {
+  const QString line = QString::number(fault.line);
   if (fault.line == 0) return fault.message;
-  const QString column = fault.column.isEmpty() ? QString() : QStringLiteral(", column ") + fault.column;
-  return QStringLiteral("line ") + QString::number(fault.line) + column + QStringLiteral(": ") +
-         fault.message;
+  return fault.column.isEmpty() ? filled(word("fault_line"), {line, fault.message})
+                                : filled(word("fault_column"), {line, fault.column, fault.message});
 }
 
 bool isDiaryDate(QStringView text) {

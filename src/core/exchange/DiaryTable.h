@@ -48,6 +48,7 @@ struct ParseFault {
   qint64 line;
   // Empty when the fault is the whole line's.
   QString column;
+  // In the language in force.
   QString message;
   // The choice that would mend it.
   std::optional<Choice> mendedBy = {};
@@ -67,13 +68,16 @@ struct ParsedFile {
 // values. Where the time of a reading is told, the first and the last of a day go by it.
 ParsedFile parseDays(const QByteArray& file, const FileChoices& choices = {});
 
+// What the file's headings say by themselves; none of a file that is no text.
+std::vector<FileColumn> columnsOfFile(const QByteArray& file);
+
 // The CSV file of the days in their order: UTF-8, a header line, one line a day.
 QByteArray csvOf(const std::vector<ExchangeDay>& days);
 
 // The value as a file has it.
 QString exchangedText(size_t place, double value);
 
-// "line 12, column temperature: ..."
+// "line 12, column temperature: ...", in the language in force.
 QString faultText(const ParseFault& fault);
 
 // Whether the text is a day of the calendar in the form "yyyy-MM-dd".

@@ -22,7 +22,11 @@ struct FileDate {
   QTime time;
 
   bool isDoubtful() const { return dayFirst != monthFirst; }
-  QDate in(DateOrder order) const { return order == DateOrder::DayMonthYear ? dayFirst : monthFirst; }
+  // Invalid where the text is no day in that order; a year in front leaves nothing to ask.
+  QDate in(DateOrder order) const {
+    if (order == DateOrder::YearMonthDay) return isDoubtful() ? QDate() : dayFirst;
+    return order == DateOrder::DayMonthYear ? dayFirst : monthFirst;
+  }
 };
 
 // Nothing for a text that is no date in any order.

@@ -7,11 +7,20 @@
 
 namespace sanovia {
 
-QString filled(const QString& format, const QString& value) {
+QString filled(const QString& format, const QString& value) { return filled(format, QStringList(value)); }
+
+QString filled(const QString& format, const QStringList& values) {
   static const QRegularExpression conversion(QStringLiteral("%[-+0-9.]*l{0,2}[d@sfu]"));
-  const QRegularExpressionMatch match = conversion.match(format);
-  if (!match.hasMatch()) return format;
-  return QString(format).replace(match.capturedStart(), match.capturedLength(), value);
+  QString result;
+  qsizetype done = 0;
+  QRegularExpressionMatchIterator matches = conversion.globalMatch(format);
+  for (const QString& value : values) {
+    if (!matches.hasNext()) break;
+    const QRegularExpressionMatch match = matches.next();
+    result += format.sliced(done, match.capturedStart() - done) + value;
+    done = match.capturedEnd();
+  }
+  return done == 0 ? format : result + format.sliced(done);
 }
 
 QString filled(const QString& format, qint64 value) { return filled(format, QString::number(value)); }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 namespace sanovia {
 
@@ -10,6 +11,9 @@ namespace sanovia {
 // A format without one is returned as it stands, a null format gives a null text.
 QString filled(const QString& format, const QString& value);
 QString filled(const QString& format, qint64 value);
+// The same for as many conversions as there are texts, from left to right; what stands in a text is no
+// conversion.
+QString filled(const QString& format, const QStringList& values);
 
 // "%0.1f": one decimal with a point, in every locale.
 QString oneDecimal(double value);

@@ -84,10 +84,13 @@ std::optional<double> dayValue(const Measure& measure, const RecordRef& record) 
 
 QString valueText(const Measure& measure, const RecordRef& record) {
   const std::optional<double> value = dayValue(measure, record);
-  if (!value) return {};
-  const auto whole = static_cast<qint64>(*value);
+  return value ? valueText(measure, *value) : QString();
+}
+
+QString valueText(const Measure& measure, double stored) {
+  const auto whole = static_cast<qint64>(stored);
   switch (measure.display) {
-    case Measure::Display::OneDecimal: return oneDecimal(shownValue(*value, measure.unit));
+    case Measure::Display::OneDecimal: return oneDecimal(shownValue(stored, measure.unit));
     case Measure::Display::Integer: return QString::number(whole);
     case Measure::Display::WellbeingWord:
     case Measure::Display::AppetiteWord: return wordOf(measure, whole);
@@ -116,8 +119,10 @@ QString dateOf(const RecordRef& record) {
       record);
 }
 
-QString dateText(const RecordRef& record) {
-  return Utils::convertFormat(dateOf(record), Utils::databaseFormat(),
+QString dateText(const RecordRef& record) { return dateText(dateOf(record)); }
+
+QString dateText(const QString& date) {
+  return Utils::convertFormat(date, Utils::databaseFormat(),
                               Utils::dateFormatForMetric(Preferences::isMetric()));
 }
 

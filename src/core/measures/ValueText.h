@@ -36,6 +36,8 @@ std::optional<double> dayValue(const Measure& measure, const RecordRef& record);
 
 // The text of the day's value; empty when there is none.
 QString valueText(const Measure& measure, const RecordRef& record);
+// The text of a value in stored units.
+QString valueText(const Measure& measure, double stored);
 
 // The sign of the unit in which the measure is shown; empty for a word.
 QString unitSign(const Measure& measure);
@@ -45,6 +47,8 @@ QString dateOf(const RecordRef& record);
 
 // The record's date in the format of the measure system; empty when there is no record or no such date.
 QString dateText(const RecordRef& record);
+// The same of a date "yyyy-MM-dd".
+QString dateText(const QString& date);
 
 // The day's value with its unit and how it lies to its norm, in a whole phrase: "36.6 °C, in the norm". A
 // word stands alone, and a value that was not entered is said to be so. Where the norm goes by age and no
