@@ -8,6 +8,7 @@
 #include "application/HelpWindow.h"
 #include "application/MainWindow.h"
 #include "application/Papers.h"
+#include "application/ScreenRoom.h"
 #include "core/database/Blood.h"
 #include "core/database/DBManager.h"
 #include "core/database/General.h"
@@ -29,7 +30,6 @@ namespace {
 
 const QString kTrialTitle = QStringLiteral(" :: (Trial Version)");
 constexpr QSize kLeastSize(800, 800);
-constexpr QSize kDeskFrame(16, 40);  // what a desk may put around the window
 
 AppDelegate* sharedApp = nullptr;
 
@@ -78,9 +78,7 @@ void AppDelegate::connectOutlets() {
   connect(_window.get(), &MainWindow::willClose, this, &AppDelegate::windowWillClose);
 }
 
-QSize AppDelegate::leastSize() const {
-  return kLeastSize.boundedTo(_window->screen()->availableSize() - kDeskFrame);
-}
+QSize AppDelegate::leastSize() const { return withinScreen(*_window, kLeastSize); }
 
 void AppDelegate::applicationWillFinishLaunching() {
   _window->setMinimumSize(leastSize());

@@ -7,6 +7,7 @@
 #include <QPushButton>
 #include <QTextBrowser>
 
+#include "application/ScreenRoom.h"
 #include "core/foundation/Paths.h"
 #include "core/localisation/Language.h"
 #include "drawing/Fonts.h"
@@ -33,7 +34,7 @@ HelpWindow::HelpWindow()
     : _browser(new QTextBrowser(this)), _back(new QPushButton(this)), _contents(new QPushButton(this)) {
   dressInHouseStyle(this, kHelpTextPixels);
   setWindowIcon(QIcon(QStringLiteral(":/images/Sanovia.svg")));
-  resize(kHelpSize);
+  resize(withinScreen(*this, kHelpSize));
   _browser->setFont(fonts::system(kPagePixels));
   _browser->setFrameShape(QFrame::NoFrame);
   _browser->document()->setDocumentMargin(kPageMargin);

@@ -70,14 +70,7 @@ void MainWindow::makeContentScroll() {
   QWidget* content = takeCentralWidget();
   content->setMinimumWidth(kLeastContentWidth);
   content->installEventFilter(this);
-  auto* hall = new QScrollArea;
-  hall->setFrameShape(QFrame::NoFrame);
-  hall->setFocusPolicy(Qt::NoFocus);
-  hall->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  hall->setWidgetResizable(true);
-  hall->setWidget(content);
-  dressScroller(hall->horizontalScrollBar(), palette::teal);
-  setCentralWidget(hall);
+  setCentralWidget(scrolledSideways(content, palette::teal));
 }
 
 // Beside the bar and not in it, whose children a screen reader takes for menus.

@@ -7,11 +7,13 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QScreen>
+#include <QScrollArea>
 #include <QScrollBar>
 #include <QShortcut>
 
+#include "application/ScreenRoom.h"
 #include "core/localisation/Language.h"
+#include "drawing/Fonts.h"
 #include "drawing/Palette.h"
 #include "ui/controls/ColoredView.h"
 #include "ui/controls/HouseStyle.h"
@@ -25,7 +27,7 @@ constexpr int kBandMargin = 20;
 constexpr int kBandGap = 12;
 constexpr int kBandPixels = 14;
 constexpr int kLeastFindWidth = 120;
-constexpr int kLinePlace = 2;  // of the line in the first row, after Save and Print
+constexpr int kFurtherButtons = 2;  // their place in the first row, after Save and Print
 constexpr double kZoomStep = 1.25;
 
 const QString kSignSheet = QStringLiteral(
@@ -41,7 +43,7 @@ PaperWindow::PaperWindow(const Words& words)
       _find(new QLineEdit(this)),
       _line(new QLabel(this)) {
   setWindowIcon(QIcon(QStringLiteral(":/images/Sanovia.svg")));
-  resize(kPaperWindowSize.boundedTo(screen()->availableSize()));
+  resize(withinScreen(*this, kPaperWindowSize));
   layOutBand();
 }
 
@@ -57,7 +59,7 @@ void PaperWindow::layOutBand() {
   _save = makeButton(_words.save, QKeySequence(QStringLiteral("Ctrl+S")));
   _print = makeButton("Print…", QKeySequence(QStringLiteral("Ctrl+P")));
   for (QWidget* widget : {_save, _print}) _firstRow->addWidget(widget);
-  _firstRow->addWidget(_line, 1);
+  _firstRow->addStretch(1);
   QPushButton* smaller = makeButton("Zoom Out", QKeySequence::ZoomOut, QStringLiteral("−"));
   QPushButton* larger = makeButton("Zoom In", QKeySequence::ZoomIn, QStringLiteral("+"));
   QPushButton* fit = makeButton("Fit Width", QKeySequence(QStringLiteral("Ctrl+0")));
@@ -71,6 +73,10 @@ void PaperWindow::layOutBand() {
   _find->setMinimumWidth(kLeastFindWidth);
   _find->setClearButtonEnabled(true);
   _line->setWordWrap(true);
+  _line->setFont(fonts::system(kBandPixels));
+  _line->setMargin(kBandMargin / 2);
+  _line->setStyleSheet(
+      QStringLiteral("background: %1; color: %2").arg(palette::red.name(), palette::white.name()));
   const auto zoomIn = [this] { _view->zoomBy(kZoomStep); };
   connect(_save, &QPushButton::clicked, this, &PaperWindow::saveWanted);
   connect(_print, &QPushButton::clicked, this, &PaperWindow::printWanted);
@@ -81,7 +87,7 @@ void PaperWindow::layOutBand() {
   connect(next, &QPushButton::clicked, this, [this] { find(true); });
   connect(_copy, &QPushButton::clicked, this, [this] { _view->copyText(); });
   connect(_find, &QLineEdit::returnPressed, this, [this] { find(true); });
-  connect(_find, &QLineEdit::textChanged, _line, &QLabel::clear);
+  connect(_find, &QLineEdit::textChanged, this, [this] { say({}); });
   // The key of the plus sign where it needs no Shift.
   connect(new QShortcut(QKeySequence(QStringLiteral("Ctrl+=")), this), &QShortcut::activated, this, zoomIn);
 }
@@ -94,7 +100,7 @@ QPushButton* PaperWindow::makeButton(const char* word, const QKeySequence& keys,
 
 QPushButton* PaperWindow::addButton(const char* word, const QKeySequence& keys) {
   QPushButton* button = makeButton(word, keys);
-  _firstRow->insertWidget(kLinePlace, button);
+  _firstRow->insertWidget(kFurtherButtons, button);
   return button;
 }
 
@@ -113,7 +119,9 @@ void PaperWindow::setView(QAbstractScrollArea* area, PaperView* view) {
   auto* rows = new QVBoxLayout(this);
   rows->setContentsMargins(0, 0, 0, 0);
   rows->setSpacing(0);
-  rows->addWidget(_band);
+  _bandArea = scrolledSideways(_band, palette::white);
+  rows->addWidget(_bandArea);
+  rows->addWidget(_line);
   rows->addWidget(_area);
   // The band alone: dialogs that hang on this window keep the toolkit's own look.
   dressInHouseStyle(_band, kBandPixels);
@@ -140,6 +148,8 @@ void PaperWindow::nameControls() {
   _copy->setToolTip(word(_words.copy));
   _find->setPlaceholderText(word("Find"));
   _find->setAccessibleName(word("Find"));
+  _band->setMinimumWidth(_band->sizeHint().width());
+  _bandArea->setFixedHeight(_band->sizeHint().height());
 }
 
 void PaperWindow::comeToFront() {
@@ -153,7 +163,10 @@ void PaperWindow::comeToFront() {
   _area->setFocus(Qt::OtherFocusReason);
 }
 
-void PaperWindow::say(const QString& text) { _line->setText(text); }
+void PaperWindow::say(const QString& text) {
+  _line->setText(text);
+  _line->setVisible(!text.isEmpty());
+}
 
 void PaperWindow::find(bool forward) {
   const QString text = _find->text();

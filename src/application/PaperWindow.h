@@ -10,6 +10,7 @@ class QHBoxLayout;
 class QLabel;
 class QLineEdit;
 class QPushButton;
+class QScrollArea;
 
 namespace sanovia {
 
@@ -91,6 +92,7 @@ class PaperWindow : public QWidget {
   QAbstractScrollArea* _area = nullptr;
   PaperView* _view = nullptr;
   QWidget* _band;
+  QScrollArea* _bandArea = nullptr;
   QHBoxLayout* _firstRow;
   QPushButton* _save;
   QPushButton* _print;

@@ -15,6 +15,8 @@
 
 namespace {
 
+constexpr int kCopyDelay = 500;  // milliseconds
+
 constexpr const char* kUsage =
     "Usage: sanovia\n"
     "Opens the health diary in its window.\n"
@@ -45,12 +47,6 @@ void sayThatThereIsNoDisplay(QtMsgType type, const QMessageLogContext& /*context
       stderr);
   std::_Exit(EXIT_FAILURE);
 }
-
-}  // namespace
-
-namespace {
-
-constexpr int kCopyDelay = 500;  // milliseconds
 
 }  // namespace
 

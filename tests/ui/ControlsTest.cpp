@@ -35,6 +35,9 @@ TEST_F(Controls, PlaceAPopoverAboveWhereThereIsRoomAndInsideTheWindow) {
   EXPECT_FALSE(high.isAbove);
   EXPECT_EQ(high.frame, QRect(480, 42, 316, 306));
   EXPECT_EQ(high.arrowTip, QPoint(296, 0));
+  EXPECT_EQ(popoverPlan({400, 100, 32, 32}, QSize(300, 280), QRect(0, 0, 800, 360)).frame,
+            QRect(258, 50, 316, 306))
+      << "whole in a low window, too";
   EXPECT_EQ(planAt({0, 10, 10, 32}).arrowTip.x(), 20) << "the arrow stays clear of the rounded corner";
 }
 

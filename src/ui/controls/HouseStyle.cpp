@@ -34,7 +34,7 @@ QComboBox QAbstractItemView { background: @white; color: @black; border: 1px sol
   selection-background-color: @teal; selection-color: @white; }
 QComboBox QAbstractItemView::item { min-height: 32px; padding: 0 10px; }
 QPushButton { background: @white; color: @teal; border: 1px solid @teal; border-radius: 6px;
-  padding: 8px 22px; min-width: 64px; min-height: 18px; }
+  padding: 8px 22px; min-width: 64px; min-height: 18px; outline: none; }
 QPushButton:default { background: @teal; color: @white; }
 QPushButton:hover { border-color: @darkTeal; }
 QPushButton:pressed, QPushButton:default:hover { background: @darkTeal; color: @white; }

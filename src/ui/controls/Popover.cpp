@@ -31,7 +31,10 @@ PopoverPlan popoverPlan(const QRect& anchor, const QSize& content, const QRect& 
   const int leftmost = bounds.left() + kMargin;
   const int rightmost = qMax(leftmost, bounds.left() + bounds.width() - kMargin - size.width());
   const int x = qBound(leftmost, centre - size.width() / 2, rightmost);
-  const int y = plan.isAbove ? anchor.top() - size.height() : anchor.top() + anchor.height();
+  // In a window too low for it the popover lies over its control.
+  const int lowest = bounds.top() + bounds.height() - kMargin - size.height();
+  const int y = plan.isAbove ? anchor.top() - size.height()
+                             : qMax(bounds.top(), qMin(anchor.top() + anchor.height(), lowest));
   plan.frame = QRect(QPoint(x, y), size);
   plan.content = QRect(QPoint(kPadding, kPadding + (plan.isAbove ? 0 : kArrowHeight)), content);
   const int tipEdge = kPopoverRadius + kArrowHalfWidth;

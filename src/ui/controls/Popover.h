@@ -19,7 +19,7 @@ struct PopoverPlan {
   bool isAbove;     // whether it hangs at the control's upper edge
 };
 
-// Above the anchor when there is room, else below; moved sideways to stay within the bounds.
+// Above the anchor when there is room, else below; moved to stay within the bounds.
 PopoverPlan popoverPlan(const QRect& anchor, const QSize& content, const QRect& bounds);
 
 class Popover : public QWidget {

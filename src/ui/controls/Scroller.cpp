@@ -1,6 +1,7 @@
 #include "ui/controls/Scroller.h"
 
 #include <QColor>
+#include <QScrollArea>
 #include <QScrollBar>
 
 namespace sanovia {
@@ -28,6 +29,17 @@ QString withAlpha(QColor color, int alpha) {
 void dressScroller(QScrollBar* bar, const QColor& handle) {
   bar->setStyleSheet(
       kScrollerSheet.arg(withAlpha(handle, kAtRest), withAlpha(handle, kUnderPointer)).arg(kScrollerWidth));
+}
+
+QScrollArea* scrolledSideways(QWidget* content, const QColor& handle) {
+  auto* area = new QScrollArea;
+  area->setFrameShape(QFrame::NoFrame);
+  area->setFocusPolicy(Qt::NoFocus);
+  area->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  area->setWidgetResizable(true);
+  area->setWidget(content);
+  dressScroller(area->horizontalScrollBar(), handle);
+  return area;
 }
 
 }  // namespace sanovia
