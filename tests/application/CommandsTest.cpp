@@ -1,5 +1,7 @@
 // The strip and the menus: what is enabled when, and what each button, item and key does.
+#include <QAccessible>
 #include <QMenu>
+#include <QScrollBar>
 
 #include "application/Papers.h"
 #include "application/PreferencesSheet.h"
@@ -38,6 +40,7 @@ class Commands : public LaunchedHome {
     const QList<bool> expected{type == 0, type == 1, type == 2, isTable, !isTable};
     for (int i = 0; i < 5; ++i) {
       EXPECT_EQ(buttons()[i]->isChecked(), expected[i]) << i;
+      EXPECT_EQ(QAccessible::queryAccessibleInterface(buttons()[i])->role(), QAccessible::RadioButton);
       EXPECT_EQ(items()[i]->isEnabled(), !expected[i]) << i;
       EXPECT_EQ(items()[i]->isChecked(), expected[i]) << i;
     }
@@ -109,6 +112,10 @@ TEST_F(Commands, SelectADayAndPressAButtonByKeys) {
   press(Qt::Key_D);
   EXPECT_EQ(ui().chartsView->selectedDay(), 15);
   EXPECT_TRUE(ui().chartsView->hasFocus());
+  QScrollBar& bar = *ui().chartsScrollView->verticalScrollBar();
+  bar.setValue(30);
+  for (const int key : {Qt::Key_4, Qt::Key_5}) press(key);
+  EXPECT_EQ(bar.value(), 30) << "the charts come back as they were left";
 }
 
 TEST_F(Commands, SaveNoReportOverTheDiary) {

@@ -66,6 +66,8 @@ qint64 ToolsView::mode() const { return _outlets.dataView->isHidden() ? kCharts 
 
 void ToolsView::changeMode(qint64 mode) {
   closeEditor();
+  // A view that is hidden with the keyboard would hand it on, and the charts would scroll to who gets it.
+  if (_outlets.chartsView->hasFocus()) _outlets.chartsView->clearFocus();
   _outlets.chartsScrollView->setHidden(mode == kTable);
   _outlets.dataView->setHidden(mode == kCharts);
   _outlets.bnData->setChecked(mode == kTable);
