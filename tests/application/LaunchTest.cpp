@@ -79,6 +79,7 @@ TEST_F(LaunchTest, ChangesTheIntervalByBothCalendars) {
   pick(16);  // after the end: refused
   pick(4);
   EXPECT_TRUE(delegate->calendarPopover()->isHidden());
+  EXPECT_TRUE(table().hasFocus()) << "keys go to the view that shows";
   EXPECT_EQ(std::pair(rows(), cell(11, 1)), std::pair(12, u"11/04/2026"_s));
   EXPECT_EQ(ui().chartsView->dateFrom(), at("2026-11-04T00:00:00"));
   EXPECT_TRUE(ui().reportOutlet->isEnabled()) << "a new interval counts its rows";
@@ -86,6 +87,7 @@ TEST_F(LaunchTest, ChangesTheIntervalByBothCalendars) {
   pick(14);
   EXPECT_EQ(settings.dateTo.value().date(), QDate(2026, 11, 14));
   EXPECT_EQ(labels(), texts({"From 11/04/2026", "To 11/14/2026", "11 days"}));
+  EXPECT_EQ(ui().bnCalendarTo->accessibleDescription(), labels()[1]) << "the buttons tell their dates";
   EXPECT_EQ(cell(0, 1), u"11/14/2026"_s);
   EXPECT_EQ(ui().chartsView->dateTo(), at("2026-11-14T23:59:59"));
   ui().bnCalendarTo->click();

@@ -1,4 +1,7 @@
 // The preferences sheet: what it shows, takes, refuses and stores.
+#include <QAbstractItemView>
+#include <QPushButton>
+
 #include "application/PreferencesSheet.h"
 #include "core/foundation/NotificationCenter.h"
 #include "core/foundation/Paths.h"
@@ -102,6 +105,26 @@ TEST_F(Sheet, StoresEverythingAndTellsOfAChangedMeasureAlone) {
   EXPECT_EQ(settings.userMeasure.value(), u"Metric"_s) << "under its name in every language";
   EXPECT_FLOAT_EQ(Preferences::height(), 1.778F);
   EXPECT_TRUE(labels()[0].contains(u"01/11/2026"_s));
+}
+
+TEST_F(Sheet, ListsItsUnitsWholeAndShowsAtOnceWhatItsHeightAndBirthdayBring) {
+  launch();
+  settings.userHeight.remove();
+  settings.userBirthday.remove();
+  ui().toolsView->changeType(0);
+  delegate->dataIsPresent();
+  EXPECT_EQ(table().model()->columnCount(), 6);
+  EXPECT_TRUE(delegate->window()->personButton()->isVisible());
+  delegate->preferences();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&sheet()));
+  on().pbMeasure->showPopup();
+  QAbstractItemView& list = *on().pbMeasure->view();
+  EXPECT_TRUE(list.viewport()->rect().contains(list.visualRect(list.model()->index(1, 0))));
+  on().pbMeasure->hidePopup();
+  write(&height(), "66");
+  on().btnOK->click();
+  EXPECT_EQ(table().model()->columnCount(), 7);
+  EXPECT_FALSE(delegate->window()->personButton()->isVisible());
 }
 
 TEST_F(Sheet, StoresNothingWhenItIsCancelled) {

@@ -1,9 +1,11 @@
 // The window of the report: that it shows, finds, saves and tells what the diary holds now.
 #include <QAccessible>
+#include <QClipboard>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPdfDocument>
 #include <QPushButton>
+#include <QScrollBar>
 
 #include "application/Papers.h"
 #include "application/ReportPages.h"
@@ -41,8 +43,10 @@ TEST_F(ReportShown, IsMadeAnewAfterAChangeAloneAndSavedAsItIsShown) {
   answeredPath = file(u"saved.pdf"_s);
   activate();
   EXPECT_TRUE(window().pages()->textOf(0).contains(u"177"_s));
+  execute(u"UPDATE pressure SET systolic = 155"_s);
   window().saveButton()->click();
   EXPECT_EQ(bytesOf(answeredPath), window().bytes());
+  EXPECT_TRUE(window().pages()->textOf(0).contains(u"177"_s)) << "what is shown, whatever has come since";
   answeredPath = file(u"no folder/saved.pdf"_s);
   window().saveButton()->click();
   EXPECT_TRUE(window().line()->text().startsWith(u"The report was not saved: "_s));
@@ -57,6 +61,8 @@ TEST_F(ReportShown, IsFoundInZoomedCopiedAndRead) {
   QTest::keyClicks(window().findField(), u"nowhere"_s);
   QTest::keyClick(window().findField(), Qt::Key_Return);
   EXPECT_EQ(window().line()->text(), u"Not found"_s);
+  pages.copyText();
+  EXPECT_TRUE(QGuiApplication::clipboard()->text().contains(u"Blood pressure"_s));
   const double width = pages.rectOf(0).width();
   pages.zoomBy(1.25);
   EXPECT_NEAR(pages.rectOf(0).width(), width * 1.25, 2);
@@ -66,6 +72,20 @@ TEST_F(ReportShown, IsFoundInZoomedCopiedAndRead) {
   ASSERT_EQ(document->childCount(), window().document()->pageCount());
   EXPECT_TRUE(document->child(0)->text(QAccessible::Name).contains(u"Blood pressure"_s));
   EXPECT_EQ(document->indexOfChild(document->child(0)), 0);
+}
+
+TEST_F(ReportShown, IsPrintedOnThePaperThatWasChosenAndSaysWhenItIsNot) {
+  window().resize(820, 500);
+  window().pages()->verticalScrollBar()->setValue(100);
+  answeredPrinter = {.outputFile = file(u"printed.pdf"_s), .paper = {842, 595}};
+  window().printButton()->click();
+  EXPECT_EQ(bytesOf(answeredPrinter.outputFile), window().bytes());
+  EXPECT_NEAR(window().document()->pagePointSize(0).height(), 842, 1) << "A4, upright";
+  EXPECT_EQ(window().pages()->verticalScrollBar()->value(), 100);
+  EXPECT_EQ(window().line()->text(), QString());
+  answeredPrinter.outputFile = file(u"no folder/printed.pdf"_s);
+  window().printButton()->click();
+  EXPECT_FALSE(window().line()->text().isEmpty());
 }
 
 TEST_F(ReportShown, HasItsEndingAndThePaperOfItsPlace) {

@@ -55,7 +55,7 @@ class Tour : public LaunchedHome {
 TEST_F(Tour, FromTheFirstRunToTheNextOne) {
   const CupsServer server(file(u"cups"_s));
   answeredPath = file(u"report.pdf"_s);
-  answeredPrinter = CupsServer::kQueue;
+  answeredPrinter.printer = CupsServer::kQueue;
 
   launch();
   setPreferences();

@@ -86,7 +86,9 @@ class LaunchedHome : public TestHome {
   std::unique_ptr<AppDelegate> delegate;
   QStringList questions;
   QList<QWidget*> askedOn;
-  QString answeredPath, answeredPrinter;  // empty for a person who cancels
+  // Empty for a person who cancels.
+  QString answeredPath;
+  PrinterChoice answeredPrinter;
 
  private:
   struct Answers : Asker {
@@ -102,7 +104,8 @@ class LaunchedHome : public TestHome {
     }
     void askPrinter(QWidget* window, std::function<void(const PrinterChoice&)> answer) override {
       note(window, QStringLiteral("printer"));
-      if (!home.answeredPrinter.isEmpty()) answer({.printer = home.answeredPrinter});
+      const PrinterChoice& choice = home.answeredPrinter;
+      if (!choice.printer.isEmpty() || !choice.outputFile.isEmpty()) answer(choice);
     }
     void tell(QWidget* window, const QString& text) override { note(window, text); }
     void note(QWidget* window, const QString& question) {

@@ -159,8 +159,9 @@ TEST_F(ChartsViewTest, AToolTipSaysTheDayItsValueAndItsNorm) {
 
 TEST_F(ChartsViewTest, AStripIsPaintedAsInTheWhole) {
   Pressure beyond(u"2026-11-12"_s);
-  beyond.systolic = 420;  // leaves its chart at the top
-  beyond.diastolic = 0;   // and at the foot
+  // Far into the charts above and below.
+  beyond.systolic = 1;
+  beyond.diastolic = 420;
   beyond.update();
   charts.updateValues();
   charts.selectDay(3);
@@ -188,7 +189,7 @@ TEST_F(ChartsViewTest, AScreenReaderMeetsChartsAndTheirDays) {
     EXPECT_EQ(std::pair(view->indexOfChild(child), child->parent()), std::pair(i, view));
     names += child->text(QAccessible::Name) +
              (child->role() == QAccessible::Chart ? u" chart"_s : QString()) +
-             (child->state().checked ? u" open"_s : QString());
+             (child->state().expanded ? u" open"_s : QString());
   }
   EXPECT_EQ(names.join(u", "_s),
             u"Systolic open, Systolic chart, Diastolic open, Diastolic chart, Pulse open, "
@@ -205,6 +206,10 @@ TEST_F(ChartsViewTest, AScreenReaderMeetsChartsAndTheirDays) {
 
   charts.activateWindow();
   ASSERT_TRUE(QTest::qWaitForWindowActive(&charts));
+  charts.clearFocus();
+  const QImage unmarked = painted();
+  charts.setFocus();
+  EXPECT_NE(painted(), unmarked) << "the charts show that they have the keyboard";
   day->actionInterface()->doAction(QAccessibleActionInterface::setFocusAction());
   EXPECT_EQ(charts.selectedDay(), 2);
   EXPECT_TRUE(day->state().selected && !chart->child(2)->state().selected);

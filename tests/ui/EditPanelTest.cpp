@@ -101,11 +101,16 @@ TEST_F(EditPanel, MovesASliderByMouseAndWheelAndReachesTheEnds) {
   EXPECT_EQ(record.systolic, 200);
   QTest::mouseClick(systolic, Qt::LeftButton, {}, QPoint(10, 25));
   EXPECT_EQ(record.systolic, 200) << "taken hold of below its middle, the knob stays";
+  const auto drag = [systolic](double y) {
+    QMouseEvent move(QEvent::MouseMove, QPointF(10, y), QPointF(), Qt::NoButton, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(systolic, &move);
+  };
+  QTest::mousePress(systolic, Qt::LeftButton, {}, QPoint(10, 25));
+  drag(25);
+  EXPECT_EQ(record.systolic, 200) << "it follows from where it was taken";
   QTest::mousePress(systolic, Qt::LeftButton, {}, QPoint(10, systolic->height() / 2));
   EXPECT_EQ(record.systolic, 135);
-  QMouseEvent drag(QEvent::MouseMove, QPointF(10, systolic->height() + 90), QPointF(), Qt::NoButton,
-                   Qt::LeftButton, {});
-  QCoreApplication::sendEvent(systolic, &drag);
+  drag(systolic->height() + 90);
   EXPECT_EQ(record.systolic, 70);
   QWheelEvent wheel(QPointF(5, 5), QPointF(5, 5), {}, QPoint(0, 240), {}, {}, Qt::NoScrollPhase, false);
   QCoreApplication::sendEvent(systolic, &wheel);
@@ -127,6 +132,7 @@ TEST_F(EditPanel, AHeldButtonQuickensAndItsReleaseAddsNothing) {
   QTest::mousePress(panel.buttonOf(603), Qt::LeftButton);
   ASSERT_TRUE(QTest::qWaitFor([&] { return record.pulse >= 72; }));
   const qint64 held = record.pulse;
+  EXPECT_LT(panel.buttonOf(603)->autoRepeatInterval(), 100);
   QTest::mouseRelease(panel.buttonOf(603), Qt::LeftButton);
   EXPECT_EQ(record.pulse, held);
   QTest::mouseClick(panel.buttonOf(603), Qt::LeftButton);
@@ -271,6 +277,7 @@ TEST_F(EditPanel, SpeaksToAScreenReader) {
   for (const int tag : {601, 602}) panel.buttonPressed(tag);
   slider = QAccessible::queryAccessibleInterface(panel.sliderOf(1));
   EXPECT_EQ(slider->valueInterface()->currentValue().toDouble(), 97.9) << "in the shown unit";
+  EXPECT_NEAR(slider->valueInterface()->minimumValue().toDouble(), 95, 1e-9);
   EXPECT_NEAR(slider->valueInterface()->maximumValue().toDouble(), 105.8, 1e-9);
   slider = QAccessible::queryAccessibleInterface(panel.sliderOf(2));
   EXPECT_EQ(slider->text(QAccessible::Description), u"Good"_s) << "a word as a word";

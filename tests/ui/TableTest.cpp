@@ -77,8 +77,11 @@ TEST_F(TableTest, FillsItsWidthAtAnySizeAndKeepsTheEditColumn) {
 }
 
 TEST_F(TableTest, TheFirstKeySelectsTheNewestRowOrTheLast) {
+  table.clearFocus();
+  const QImage unmarked = table.grab().toImage();
   table.setFocus();
   const QImage before = table.grab().toImage();
+  EXPECT_NE(before, unmarked);
   for (const auto& [key, row] : {std::pair(Qt::Key_Down, 0), {Qt::Key_Up, 0}, {Qt::Key_End, 2}}) {
     table.clearSelection();
     EXPECT_EQ(table.grab().toImage(), before) << "a mark shows until a row is selected";
@@ -94,6 +97,7 @@ TEST_F(TableTest, OpensTheEditorOnTheVeryRecordOfTheRow) {
   QTest::keyClick(&table, Qt::Key_Return);
   EXPECT_EQ(editor.calls, texts({"target", "data", "animate"}));
   EXPECT_EQ(editor.data, charts.dataAtIndex(1));
+  EXPECT_EQ(QApplication::focusWidget(), nullptr) << "a screen reader would read out who has it meanwhile";
   editor.finish();
   EXPECT_TRUE(view.isHidden()) << "the editor has just opened";
   editor.finish();
