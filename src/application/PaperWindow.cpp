@@ -148,8 +148,14 @@ void PaperWindow::nameControls() {
   _copy->setToolTip(word(_words.copy));
   _find->setPlaceholderText(word("Find"));
   _find->setAccessibleName(word("Find"));
-  _band->setMinimumWidth(_band->sizeHint().width());
-  _bandArea->setFixedHeight(_band->sizeHint().height());
+}
+
+// Only what shows knows the room that its look takes.
+void PaperWindow::showEvent(QShowEvent* event) {
+  QWidget::showEvent(event);
+  const QSize room = _band->sizeHint();
+  _band->setMinimumWidth(room.width());
+  _bandArea->setFixedHeight(room.height());
 }
 
 void PaperWindow::comeToFront() {

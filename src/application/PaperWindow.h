@@ -69,6 +69,7 @@ class PaperWindow : public QWidget {
   // the paper's beginning.
   void comeToFront();
 
+  void showEvent(QShowEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
 
  private:

@@ -58,6 +58,7 @@ TEST_F(ReportShown, IsMadeAnewAfterAChangeAloneAndSavedAsItIsShown) {
 TEST_F(ReportShown, IsFoundInZoomedCopiedAndRead) {
   ReportPages& pages = *window().pages();
   EXPECT_TRUE(pages.findText(u"pulse"_s, true) && pages.findText(u"pulse"_s, false));
+  EXPECT_EQ(window().findField()->visibleRegion().boundingRect(), window().findField()->rect());
   QTest::keyClicks(window().findField(), u"nowhere"_s);
   QTest::keyClick(window().findField(), Qt::Key_Return);
   EXPECT_EQ(window().line()->text(), u"Not found"_s);
