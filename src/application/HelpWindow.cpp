@@ -5,14 +5,17 @@
 #include <QIcon>
 #include <QKeyEvent>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTextBrowser>
 
 #include "application/ScreenRoom.h"
 #include "core/foundation/Paths.h"
 #include "core/localisation/Language.h"
 #include "drawing/Fonts.h"
+#include "drawing/Palette.h"
 #include "ui/controls/ColoredView.h"
 #include "ui/controls/HouseStyle.h"
+#include "ui/controls/Scroller.h"
 
 namespace sanovia {
 namespace {
@@ -38,6 +41,7 @@ HelpWindow::HelpWindow()
   _browser->setFont(fonts::system(kPagePixels));
   _browser->setFrameShape(QFrame::NoFrame);
   _browser->document()->setDocumentMargin(kPageMargin);
+  dressScroller(_browser->verticalScrollBar(), palette::teal);
   auto* band = new ColoredView(this);
   auto* buttons = new QHBoxLayout(band);
   buttons->setContentsMargins(kHelpMargin, kHelpMargin / 2, kHelpMargin, kHelpMargin / 2);

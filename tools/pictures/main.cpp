@@ -17,9 +17,13 @@
 #include "application/MainWindow.h"
 #include "application/Papers.h"
 #include "application/PreferencesSheet.h"
+#include "application/ReportWindow.h"
+#include "application/RestoreSheet.h"
 #include "application/SummaryWindow.h"
 #include "application/ToolkitWords.h"
+#include "core/backup/Copies.h"
 #include "core/foundation/Settings.h"
+#include "core/foundation/WholeFile.h"
 #include "core/localisation/Language.h"
 #include "ui/charts/ChartsView.h"
 #include "ui/controls/AboutPanel.h"
@@ -37,6 +41,12 @@ constexpr int kDayOfBloodTest = 14;
 constexpr int kDaysOfMonth = 31;
 constexpr int kDayInMiddle = 20;
 constexpr QSize kWide(1600, 1000);
+
+// The platform without a display tells of everything that it cannot do.
+void hearNothingOfThePlatform(QtMsgType, const QMessageLogContext&, const QString& text) {
+  if (!text.startsWith(QLatin1String("This plugin does not support")))
+    QTextStream(stderr) << text << Qt::endl;
+}
 
 class Photographer {
  public:
@@ -57,8 +67,8 @@ class Photographer {
   bool takeAll() {
     const bool saved = takeTablesAndPanels();
     const bool savedCharts = takeCharts();
-    return takeMenus() && takePreferences() && takeAbout() && takeHelp() && takeSummary() && takeExchange() &&
-           saved && savedCharts;
+    return takeMenus() && takePreferences() && takeExchange() && takeRestoring() && takeAbout() &&
+           takeHelp() && takePapers() && saved && savedCharts;
   }
 
  private:
@@ -123,7 +133,7 @@ class Photographer {
   bool takeMenus() {
     Ui::MainWindow& ui = _delegate->window()->outlets();
     bool saved = true;
-    for (QMenu* menu : {ui.menuFile, ui.menuView, ui.menuHelp})
+    for (QMenu* menu : {ui.menuFile, ui.menuEdit, ui.menuView, ui.menuHelp})
       saved = takeMenu(menu, QStringLiteral("menu-") + menu->objectName().mid(4).toLower()) && saved;
     return saved;
   }
@@ -169,11 +179,17 @@ class Photographer {
     return saved;
   }
 
-  bool takeSummary() {
+  bool takePapers() {
+    _delegate->openReport();
     _delegate->openSummary();
-    if (_delegate->papers().summaryWindow() == nullptr) return true;  // no value
-    const bool saved = take(QStringLiteral("summary"), _delegate->papers().summaryWindow());
-    _delegate->papers().summaryWindow()->close();
+    bool saved = true;
+    for (const auto& [screen, window] :
+         {std::pair<const char*, QWidget*>("report", _delegate->papers().reportWindow()),
+          {"summary", _delegate->papers().summaryWindow()}}) {
+      if (window == nullptr) continue;  // no value
+      saved = take(QString::fromLatin1(screen), window) && saved;
+      window->close();
+    }
     return saved;
   }
 
@@ -186,22 +202,31 @@ class Photographer {
         takeImport(head + evening + day.toLatin1() + ",07:15,134,86,61,\n", QStringLiteral("import-refused"));
     const bool savedGood = takeImport(head + evening, QStringLiteral("import"));
     _delegate->exportFile();
-    auto* sheet = _delegate->window()->findChild<ExportSheet*>();
-    const bool savedExport = take(QStringLiteral("export"), sheet);
-    sheet->reject();
-    settle();
-    return saved && savedGood && savedExport;
+    return takeSheet<ExportSheet>(QStringLiteral("export")) && saved && savedGood;
   }
 
   bool takeImport(const QByteArray& bytes, const QString& screen) {
     const QTemporaryDir folder;
-    QFile file(folder.filePath(QStringLiteral("meter.csv")));
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size()) return false;
-    file.close();
-    _delegate->importFrom(file.fileName());
-    auto* sheet = _delegate->window()->findChildren<ImportSheet*>().last();
-    const bool saved = take(screen, sheet);
-    sheet->reject();
+    const QString file = folder.filePath(QStringLiteral("meter.csv"));
+    if (writeWhole(file, bytes)) return false;
+    _delegate->importFrom(file);
+    return takeSheet<ImportSheet>(screen);
+  }
+
+  // With the day's copy to choose.
+  bool takeRestoring() {
+    makeDailyCopy();
+    _delegate->restore();
+    return takeSheet<RestoreSheet>(QStringLiteral("restore"));
+  }
+
+  // The newest of its kind on the window.
+  template <class Sheet>
+  bool takeSheet(const QString& screen) {
+    const QList<Sheet*> sheets = _delegate->window()->findChildren<Sheet*>();
+    if (sheets.isEmpty()) return false;
+    const bool saved = take(screen, sheets.last());
+    sheets.last()->reject();
     settle();
     return saved;
   }
@@ -237,6 +262,7 @@ class Photographer {
 }  // namespace sanovia
 
 int main(int argc, char** argv) {
+  qInstallMessageHandler(sanovia::hearNothingOfThePlatform);
   QApplication application(argc, argv);
   QApplication::setApplicationVersion(QStringLiteral(SANOVIA_VERSION));
   if (argc != 2) {
