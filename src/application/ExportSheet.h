@@ -1,14 +1,14 @@
 // The sheet that asks what an export is to hold, before the file is asked for.
 #pragma once
 
-#include <QDialog>
+#include "application/HouseSheet.h"
 
 class QCheckBox;
 class QComboBox;
 
 namespace sanovia {
 
-class ExportSheet : public QDialog {
+class ExportSheet : public HouseSheet {
   Q_OBJECT
 
  public:

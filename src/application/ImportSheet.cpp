@@ -25,27 +25,16 @@
 #include "core/localisation/Language.h"
 #include "drawing/Fonts.h"
 #include "drawing/Palette.h"
-#include "ui/controls/HouseStyle.h"
 #include "ui/controls/Scroller.h"
 
 namespace sanovia {
 namespace {
 
-constexpr QSize kImportSize(720, 680);
-constexpr int kImportMargin = 24;
-constexpr int kImportGap = 12;
-constexpr int kImportPixels = 14;
-constexpr int kImportHeadingPixels = 20;
+constexpr QSize kImportSize(720, 740);
 constexpr int kColumnsHeight = 130;
 constexpr int kLinesHeight = 92;
 constexpr int kLongestHeading = 260;  // of a column, in pixels
-
-const QString kListsLook = QStringLiteral(
-    "QListWidget, QTableWidget { background: white; border: 1px solid %@; border-radius: 6px; outline: none; "
-    "}"
-    "QListWidget::item { padding: 4px 8px; }"
-    "QListWidget::item:selected, QTableWidget::item:selected { background: %@; color: white; }"
-    "QHeaderView::section { background: white; border: none; padding: 6px; }");
+constexpr int kLongestName = 340;     // of a file
 
 // Does not change under a wheel that passes by.
 class StillBox : public QComboBox {
@@ -69,7 +58,7 @@ QString cut(const QString& text, const QFont& font, Qt::TextElideMode mode, int 
 }  // namespace
 
 ImportSheet::ImportSheet(QWidget* window, const QString& name, QByteArray file)
-    : QDialog(window, Qt::Sheet),
+    : HouseSheet(window),
       _file(std::move(file)),
       _asked(new QWidget(this)),
       _tells(new QLabel(this)),
@@ -78,37 +67,25 @@ ImportSheet::ImportSheet(QWidget* window, const QString& name, QByteArray file)
       _back(new QPushButton(word("import_back"), this)),
       _cancel(new QPushButton(word("Cancel"), this)),
       _import(new QPushButton(word("import_button"), this)) {
-  setWindowModality(Qt::WindowModal);
   setAttribute(Qt::WA_DeleteOnClose);
   resize(kImportSize.boundedTo(window->size()));
-  setWindowTitle(word("import_button"));
-  auto* heading = new QLabel(this);
-  heading->setTextFormat(Qt::PlainText);
-  auto* rows = new QVBoxLayout(this);
-  rows->setContentsMargins(kImportMargin, kImportMargin, kImportMargin, kImportMargin);
-  rows->setSpacing(kImportGap);
-  rows->addWidget(heading);
+  setHeading(
+      filled(word("import_heading"), cut(name, fonts::system(kTextPixels), Qt::ElideMiddle, kLongestName)));
   auto* asked = new QVBoxLayout(_asked);
   asked->setContentsMargins({});
-  asked->setSpacing(kImportGap);
+  asked->setSpacing(kGap);
   addColumns(asked);
   auto* choices = new QGridLayout;
-  choices->setHorizontalSpacing(kImportMargin);
+  choices->setHorizontalSpacing(kMargin);
   _order = addChoice(choices, "import_order", {"import_by_file", "import_day_first", "import_month_first"});
   _units = addChoice(choices, "Units", {"import_by_file", "Metric", "US"});
   _several =
       addChoice(choices, "import_several", {"import_by_file", "import_mean", "import_first", "import_last"});
   _existing = addChoice(choices, "import_existing", {"import_replace", "import_keep"});
   asked->addLayout(choices);
-  rows->addWidget(_asked, 1);
-  addLists(rows);
-  addButtons(rows);
-  dressInHouseStyle(this, kImportPixels);
-  for (QWidget* list : std::initializer_list<QWidget*>{_lines, _days})
-    list->setStyleSheet(filled(kListsLook, {palette::lightGray.name(), palette::teal.name()}));
-  const QFont large = fonts::system(kImportHeadingPixels);
-  heading->setFont(large);
-  heading->setText(filled(word("import_heading"), cut(name, large, Qt::ElideMiddle, width() / 2)));
+  fields()->addWidget(_asked, 1);
+  addLists();
+  addButtons();
   walkByTab();
   look();
 }
@@ -121,7 +98,7 @@ QComboBox* ImportSheet::addChoice(QGridLayout* choices, const char* title,
   box->setAccessibleName(word(title));
   const int number = choices->count() / 2;
   const int row = number / 2 * 2;
-  choices->addWidget(new QLabel(word(title), this), row, number % 2);
+  choices->addWidget(makeTitle(word(title)), row, number % 2);
   choices->addWidget(box, row + 1, number % 2);
   choices->setColumnStretch(number % 2, 1);
   connect(box, &QComboBox::activated, this, &ImportSheet::look);
@@ -132,7 +109,7 @@ QComboBox* ImportSheet::addChoice(QGridLayout* choices, const char* title,
 void ImportSheet::addColumns(QVBoxLayout* rows) {
   auto* content = new QWidget(this);
   auto* form = new QFormLayout(content);
-  form->setContentsMargins(0, 0, kImportGap, 0);
+  form->setContentsMargins(0, 0, kGap, 0);
   form->setLabelAlignment(Qt::AlignLeft | Qt::AlignVCenter);
   form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
   const QList<ColumnMeaning> list = columnMeanings();
@@ -145,10 +122,7 @@ void ImportSheet::addColumns(QVBoxLayout* rows) {
     box->addItems(words);
     box->setCurrentIndex(static_cast<int>(rowOfMeaning(list, column)));
     box->setAccessibleName(name);
-    auto* title =
-        new QLabel(cut(name, fonts::system(kImportPixels), Qt::ElideRight, kLongestHeading), content);
-    title->setTextFormat(Qt::PlainText);
-    form->addRow(title, box);
+    form->addRow(makeTitle(cut(name, fonts::system(kTextPixels), Qt::ElideRight, kLongestHeading)), box);
     connect(box, &QComboBox::activated, this, &ImportSheet::look);
     _columns.append(box);
   }
@@ -165,37 +139,30 @@ void ImportSheet::addColumns(QVBoxLayout* rows) {
   rows->addWidget(scroll, 1);
 }
 
-void ImportSheet::addLists(QVBoxLayout* rows) {
+void ImportSheet::addLists() {
   _tells->setWordWrap(true);
   _tells->setTextFormat(Qt::PlainText);
-  rows->addWidget(_tells);
+  fields()->addWidget(_tells);
   _lines->setWordWrap(true);
   _lines->setMinimumHeight(kLinesHeight);
   _lines->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  rows->addWidget(_lines, 1);
+  fields()->addWidget(_lines, 1);
   _days->setEditTriggers(QAbstractItemView::NoEditTriggers);
   _days->setTabKeyNavigation(false);
   _days->setSelectionBehavior(QAbstractItemView::SelectRows);
   _days->setShowGrid(false);
   _days->setAccessibleName(word("import_days"));
   _days->verticalHeader()->hide();
-  rows->addWidget(_days, 1);
+  fields()->addWidget(_days, 1);
   _days->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
   for (QScrollBar* bar :
        {_lines->verticalScrollBar(), _days->verticalScrollBar(), _days->horizontalScrollBar()})
     dressScroller(bar, palette::teal);
 }
 
-void ImportSheet::addButtons(QVBoxLayout* rows) {
-  auto* buttons = new QHBoxLayout;
-  buttons->addStretch();
-  for (QPushButton* button : {_back, _cancel, _import}) {
-    button->setAutoDefault(false);
-    buttons->addWidget(button);
-  }
-  rows->addLayout(buttons);
+void ImportSheet::addButtons() {
+  finish({_back, _cancel, _import});
   _back->hide();
-  _import->setDefault(true);
   connect(_cancel, &QPushButton::clicked, this, &QDialog::reject);
   connect(_import, &QPushButton::clicked, this, &ImportSheet::store);
   connect(_back, &QPushButton::clicked, this, &ImportSheet::putBack);
@@ -251,7 +218,7 @@ void ImportSheet::showDays(const ImportPreview& preview) {
       _days->setItem(row, column, new QTableWidgetItem(rows[row + 1][column]));
   _days->resizeColumnsToContents();
   for (int column = 0; column < width; ++column)
-    _days->setColumnWidth(column, _days->columnWidth(column) + kImportGap);
+    _days->setColumnWidth(column, _days->columnWidth(column) + kGap);
 }
 
 void ImportSheet::store() {

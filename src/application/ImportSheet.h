@@ -2,21 +2,17 @@
 // it or nothing. Then it offers the way back, to the copy that was made before.
 #pragma once
 
-#include <QDialog>
-
+#include "application/HouseSheet.h"
 #include "core/exchange/DiaryImport.h"
 
 class QComboBox;
 class QGridLayout;
-class QLabel;
 class QListWidget;
-class QPushButton;
 class QTableWidget;
-class QVBoxLayout;
 
 namespace sanovia {
 
-class ImportSheet : public QDialog {
+class ImportSheet : public HouseSheet {
   Q_OBJECT
 
  public:
@@ -43,8 +39,8 @@ class ImportSheet : public QDialog {
  private:
   QComboBox* addChoice(QGridLayout* choices, const char* title, std::initializer_list<const char*> words);
   void addColumns(QVBoxLayout* rows);
-  void addLists(QVBoxLayout* rows);
-  void addButtons(QVBoxLayout* rows);
+  void addLists();
+  void addButtons();
   void walkByTab();
   ImportOptions options() const;
   void look();

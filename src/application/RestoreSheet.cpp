@@ -16,29 +16,14 @@
 #include "core/foundation/TextFormat.h"
 #include "core/localisation/Language.h"
 #include "core/measures/ValueText.h"
-#include "drawing/Fonts.h"
-#include "drawing/Palette.h"
-#include "ui/controls/ColoredView.h"
-#include "ui/controls/HouseStyle.h"
 
 namespace sanovia {
 namespace {
 
-constexpr int kTextPixels = 14;
-constexpr int kTitlePixels = 20;
-constexpr int kMargin = 32;
-constexpr int kGap = 14;
 constexpr QSize kListSize(520, 190);
 constexpr int kPreviewHeight = 92;  // four lines
 constexpr int kDateWidth = 230;
 constexpr int kDaysWidth = 110;
-
-// The colour of what is chosen, and that of the frame.
-const QString kListLook = QStringLiteral(
-    "QTreeView::item { min-height: 28px; padding: 0 6px; }"
-    "QTreeView::item:selected { background: %@; color: white; }"
-    "QTreeView { border: 1px solid %@; border-radius: 6px; outline: none; }"
-    "QHeaderView::section { background: white; border: none; padding: 6px; }");
 
 enum Column : quint8 { DateOfCopy, Days, LastEntry };
 constexpr int kFileRole = Qt::UserRole;
@@ -53,8 +38,7 @@ QString previewText(const RestorePreview& preview) {
 }  // namespace
 
 RestoreSheet::RestoreSheet(QWidget* window)
-    : QDialog(window, Qt::Sheet),
-      _heading(new QLabel(this)),
+    : HouseSheet(window),
       _intro(new QLabel(this)),
       _copies(new QTreeWidget(this)),
       _other(new QPushButton(this)),
@@ -63,28 +47,10 @@ RestoreSheet::RestoreSheet(QWidget* window)
       _missing(new QRadioButton(this)),
       _cancel(new QPushButton(this)),
       _restore(new QPushButton(this)) {
-  setWindowModality(Qt::WindowModal);
-  auto* band = new ColoredView(this);
-  auto* title = new QHBoxLayout(band);
-  title->setContentsMargins(kMargin, kGap + 4, kMargin, kGap + 4);
-  title->addWidget(_heading);
-  auto* fields = new QVBoxLayout;
-  fields->setContentsMargins(kMargin, kGap * 2, kMargin, kGap * 2);
-  fields->setSpacing(kGap);
-  for (QWidget* widget : std::initializer_list<QWidget*>{_intro, _copies}) fields->addWidget(widget);
-  fields->addWidget(_other, 0, Qt::AlignLeft);
+  for (QWidget* widget : std::initializer_list<QWidget*>{_intro, _copies}) fields()->addWidget(widget);
+  fields()->addWidget(_other, 0, Qt::AlignLeft);
   for (QWidget* widget : std::initializer_list<QWidget*>{_preview, _whole, _missing})
-    fields->addWidget(widget);
-  auto* buttons = new QHBoxLayout;
-  buttons->addStretch();
-  buttons->addWidget(_cancel);
-  buttons->addWidget(_restore);
-  fields->addLayout(buttons);
-  auto* sheet = new QVBoxLayout(this);
-  sheet->setContentsMargins(0, 0, 0, 0);
-  sheet->setSpacing(0);
-  sheet->addWidget(band);
-  sheet->addLayout(fields);
+    fields()->addWidget(widget);
   for (QLabel* label : {_intro, _preview}) label->setWordWrap(true);
   _preview->setMinimumHeight(kPreviewHeight);
   _preview->setAlignment(Qt::AlignLeft | Qt::AlignTop);
@@ -93,12 +59,7 @@ RestoreSheet::RestoreSheet(QWidget* window)
   _copies->setUniformRowHeights(true);
   _copies->header()->setStretchLastSection(true);
   _other->setAutoDefault(false);
-  _cancel->setAutoDefault(false);
-  _restore->setDefault(true);
-  dressInHouseStyle(this, kTextPixels);
-  _copies->setStyleSheet(filled(filled(kListLook, palette::teal.name()), palette::lightGray.name()));
-  _heading->setFont(fonts::system(kTitlePixels));
-  _heading->setStyleSheet(QStringLiteral("color: ") + palette::white.name());
+  finish({_cancel, _restore});
   connect(_copies, &QTreeWidget::currentItemChanged, this, &RestoreSheet::showPreview);
   connect(_other, &QPushButton::clicked, this, &RestoreSheet::otherFileWanted);
   connect(_cancel, &QPushButton::clicked, this, &QDialog::reject);
@@ -107,8 +68,7 @@ RestoreSheet::RestoreSheet(QWidget* window)
 
 void RestoreSheet::openFor(bool isDamaged) {
   const WaitCursor waiting;
-  setWindowTitle(word("restore_heading"));
-  _heading->setText(word("restore_heading"));
+  setHeading(word("restore_heading"));
   _intro->setText(word(isDamaged ? "restore_damaged" : "restore_intro"));
   _copies->setHeaderLabels({word("restore_copy"), word("restore_days"), word("restore_last")});
   _copies->setAccessibleName(word("restore_copies"));

@@ -3,17 +3,16 @@
 // changes nothing.
 #pragma once
 
-#include <QDialog>
 #include <QString>
 
-class QLabel;
-class QPushButton;
+#include "application/HouseSheet.h"
+
 class QRadioButton;
 class QTreeWidget;
 
 namespace sanovia {
 
-class RestoreSheet : public QDialog {
+class RestoreSheet : public HouseSheet {
   Q_OBJECT
 
  public:
@@ -37,7 +36,6 @@ class RestoreSheet : public QDialog {
   void restore();
   void tell(const QString& text);
 
-  QLabel* _heading;
   QLabel* _intro;
   QTreeWidget* _copies;
   QPushButton* _other;

@@ -41,6 +41,15 @@ QPushButton:pressed, QPushButton:default:hover { background: @darkTeal; color: @
 QPushButton:focus { border: 2px solid @darkTeal; padding: 7px 21px; }
 QPushButton:disabled { color: @lightGray; border-color: @lightGray; background: @white; }
 
+QListWidget, QTableWidget, QTreeWidget { background: @white; color: @black; border: 1px solid @lightGray;
+  border-radius: 6px; outline: none; }
+QListWidget:focus, QTableWidget:focus, QTreeWidget:focus { border-color: @teal; }
+QListWidget::item { padding: 4px 8px; }
+QTreeWidget::item { min-height: 28px; padding: 0 6px; }
+QListWidget::item:selected, QTableWidget::item:selected, QTreeWidget::item:selected { background: @teal;
+  color: @white; }
+QHeaderView::section { background: @white; border: none; padding: 6px; }
+
 QCalendarWidget, QCalendarWidget QWidget { background: @white; color: @black; }
 QCalendarWidget { border: 1px solid @teal; }
 QCalendarWidget QWidget#qt_calendar_navigationbar { min-height: 44px; }
