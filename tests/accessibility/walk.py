@@ -7,7 +7,7 @@ import time
 import pyatspi
 from gi.repository import GLib
 
-PATIENCE = 20  # seconds until something that is awaited counts as missing
+PATIENCE = 60  # seconds until something that is awaited counts as missing, on a machine that is busy
 
 
 def fail(what):
