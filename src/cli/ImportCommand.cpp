@@ -112,8 +112,8 @@ QString previewText(const ImportPreview& preview) {
   }
   if (preview.replaced.size() > kShownValues)
     text += u"and %1 more\n"_s.arg(preview.replaced.size() - kShownValues);
-  std::vector<ExchangeDay> shown = preview.days;
-  shown.resize(std::min(kShownDays, shown.size()), ExchangeDay({}));
+  const auto count = static_cast<std::ptrdiff_t>(std::min(kShownDays, preview.days.size()));
+  const std::vector<ExchangeDay> shown(preview.days.begin(), preview.days.begin() + count);
   return text + QString::fromUtf8(csvOf(shown)).remove(u'\r');
 }
 

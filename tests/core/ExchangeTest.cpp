@@ -150,6 +150,16 @@ TEST_F(Exchange, ExportTakesTheFirstRowOfADateAndLeavesOutRowsWithoutADay) {
       u"INSERT INTO pressure (pk, pdate, systolic, pulse) VALUES (9, '2026-01-02', 130, 71), "
       "(4, '2026-01-02', 120, NULL), (5, '', 140, 72), (6, NULL, 140, 72)"_s);
   EXPECT_TRUE(exported().endsWith("wbc\r\n2026-01-02,,,,,120,,,,,,,,\r\n"));
+  // Days that were entered in any order, of which one table or the other has the row.
+  execute(
+      u"INSERT INTO general (pk, gdate, weight) VALUES (1, '2026-01-05', 80), (2, '2026-01-02', 81), "
+      "(3, '2026-01-02', 82), (4, '2026-01-01', 83), (5, '2026-01-05', 84), (6, X'323032362D30312D3033', 85)"_s);
+  execute(u"INSERT INTO blood (bdate, crp) VALUES ('2026-01-04', 1), ('2026-01-02', 2), ('2026-01-05', 3)"_s);
+  EXPECT_TRUE(exported().endsWith(
+      "wbc\r\n2026-01-01,,,,83,,,,,,,,,\r\n2026-01-02,,,,81,120,,,,,2,,,\r\n2026-01-03,,,,85,,,,,,,,,\r\n"
+      "2026-01-04,,,,,,,,,,1,,,\r\n2026-01-05,,,,80,,,,,,3,,,\r\n"));
+  execute(u"DELETE FROM general"_s);
+  execute(u"DELETE FROM blood"_s);
   const auto report = std::get<ExchangeReport>(exportDiary(file(u"out.csv"_s)));
   EXPECT_EQ(std::tuple(report.days, report.rowsWithoutDay), std::tuple(1, 2));
 

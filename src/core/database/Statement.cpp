@@ -12,7 +12,9 @@ Statement::Statement(Connection& connection, QByteArray sql) : _connection(conne
 
 Statement::~Statement() { sqlite3_finalize(_statement); }
 
-void Statement::check(int code) { static_cast<void>(_connection.accept(code, _sql)); }
+void Statement::check(int code) {
+  if (code != SQLITE_OK) static_cast<void>(_connection.accept(code, _sql));
+}
 
 void Statement::bind(int place, qint64 value) {
   if (_connection.isGood()) check(sqlite3_bind_int64(_statement, place, value));
@@ -25,6 +27,12 @@ void Statement::bind(int place, double value) {
 void Statement::bind(int place, const QString& value) {
   if (_connection.isGood())
     check(sqlite3_bind_text(_statement, place, value.toUtf8().constData(), -1, SQLITE_TRANSIENT));
+}
+
+void Statement::bindLasting(int place, const QByteArray& utf8) {
+  if (_connection.isGood())
+    check(
+        sqlite3_bind_text(_statement, place, utf8.constData(), static_cast<int>(utf8.size()), SQLITE_STATIC));
 }
 
 void Statement::bind(int place, const DBField& column, const FieldValue& value) {
@@ -63,8 +71,13 @@ bool Statement::isNumber(int column) const {
 }
 
 QString Statement::text(int column) const {
-  const auto* bytes = reinterpret_cast<const char*>(sqlite3_column_text(_statement, column));
-  return bytes == nullptr ? QStringLiteral("") : QString::fromUtf8(bytes);
+  const QByteArrayView found = bytes(column);
+  return found.isNull() ? QStringLiteral("") : QString::fromUtf8(found);
+}
+
+QByteArrayView Statement::bytes(int column) const {
+  const auto* found = reinterpret_cast<const char*>(sqlite3_column_text(_statement, column));
+  return {found, static_cast<qsizetype>(qstrlen(found))};
 }
 
 void Statement::read(const QList<DBField>& columns, RowMap& row) const {

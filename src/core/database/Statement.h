@@ -28,6 +28,8 @@ class [[nodiscard]] Statement {
   void bind(int place, qint64 value);
   void bind(int place, double value);
   void bind(int place, const QString& value);
+  // The bytes must last until the statement is executed.
+  void bindLasting(int place, const QByteArray& utf8);
   // Binds as the column's type says; a type that no column list uses binds nothing.
   void bind(int place, const DBField& column, const FieldValue& value);
 
@@ -45,6 +47,8 @@ class [[nodiscard]] Statement {
   [[nodiscard]] bool isNumber(int column) const;
   // A NULL gives the empty text.
   [[nodiscard]] QString text(int column) const;
+  // The same in UTF-8, good until the next row.
+  [[nodiscard]] QByteArrayView bytes(int column) const;
 
   // Makes the row the current one of the result set, under the titles of the columns and read by position.
   void read(const QList<DBField>& columns, RowMap& row) const;

@@ -17,6 +17,8 @@ constexpr qsizetype kLongestCell = 100'000;  // bytes
 
 bool isLineBreak(char sign) { return sign == '\n' || sign == '\r'; }
 bool isSeparator(char sign) { return sign == kComma || sign == ';' || sign == '\t'; }
+// A sign of ASCII that is no blank.
+bool isPlainSign(char sign) { return sign > ' ' && sign != '\x7f'; }
 bool isBlank(char sign) { return sign == ' ' || (sign >= '\t' && sign <= '\r'); }
 
 char separatorOf(QByteArrayView text) {
@@ -39,46 +41,49 @@ bool needsQuotes(QByteArrayView cell) {
 
 }  // namespace
 
+QByteArray withoutBlanks(const QByteArray& text) {
+  const bool isBare = text.isEmpty() || (isPlainSign(text.front()) && isPlainSign(text.back()));
+  return isBare ? text : QString::fromUtf8(text).trimmed().toUtf8();
+}
+
 CsvReader::CsvReader(QByteArrayView text) : _text(text), _separator(separatorOf(text)) {}
 
-std::optional<CsvRow> CsvReader::next() {
+const CsvRow* CsvReader::next() {
   while (!atEnd() && !_fault) {
-    CsvRow row = readRow();
-    const bool isEmpty = row.size() == 1 && row.front().text.isEmpty();
-    if (!_fault && !isEmpty) return row;
+    readRow();
+    const bool isEmpty = _row.size() == 1 && _row.front().text.isEmpty();
+    if (!_fault && !isEmpty) return &_row;
   }
-  return std::nullopt;
+  return nullptr;
 }
 
-CsvRow CsvReader::readRow() {
-  CsvRow row;
+void CsvReader::readRow() {
+  _row.clear();
   do {
-    if (row.size() == kMostCells)
-      fail(_line, row.size(), filled(word("fault_most_cells"), static_cast<qint64>(kMostCells)));
-    else
-      row.push_back(readCell(row.size()));
+    const size_t number = _row.size();
+    if (number == kMostCells) {
+      fail(_line, number, filled(word("fault_most_cells"), static_cast<qint64>(kMostCells)));
+      break;
+    }
+    skipBlanks();
+    const qint64 line = _line;
+    const qsizetype from = _place;
+    _row.push_back({take(kQuote) ? readQuoted(number) : readPlain(), line});
+    if (_place - from > kLongestCell)
+      fail(line, number, filled(word("fault_long_cell"), static_cast<qint64>(kLongestCell)));
   } while (!_fault && take(_separator));
   takeLineBreak();
-  return row;
 }
 
-CsvCell CsvReader::readCell(size_t number) {
-  skipBlanks();
-  const qint64 line = _line;
+QByteArray CsvReader::readPlain() {
   const qsizetype from = _place;
-  CsvCell cell{take(kQuote) ? readQuoted(number) : readPlain(), line};
-  if (_place - from > kLongestCell)
-    fail(line, number, filled(word("fault_long_cell"), static_cast<qint64>(kLongestCell)));
-  return cell;
+  const auto isEnd = [this](char sign) { return sign == _separator || isLineBreak(sign); };
+  _place = std::find_if(_text.begin() + from, _text.end(), isEnd) - _text.begin();
+  const qsizetype size = std::min(_place - from, kLongestCell);
+  return withoutBlanks(QByteArray::fromRawData(_text.data() + from, size));
 }
 
-QString CsvReader::readPlain() {
-  const qsizetype from = _place;
-  while (!atCellEnd()) ++_place;
-  return QString::fromUtf8(_text.sliced(from, std::min(_place - from, kLongestCell))).trimmed();
-}
-
-QString CsvReader::readQuoted(size_t number) {
+QByteArray CsvReader::readQuoted(size_t number) {
   const qint64 line = _line;
   QByteArray text;
   while (!atEnd() && text.size() <= kLongestCell) {
@@ -86,7 +91,7 @@ QString CsvReader::readQuoted(size_t number) {
     if (take(kQuote) && !take(kQuote)) {
       skipBlanks();
       if (!atCellEnd()) fail(_line, number, word("fault_after_quote"));
-      return QString::fromUtf8(text);
+      return text;
     }
     // A doubled quote is past already and counts once.
     if (_place == from && !takeLineBreak()) ++_place;

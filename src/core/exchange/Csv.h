@@ -13,13 +13,17 @@
 namespace sanovia {
 
 struct CsvCell {
-  // Without the blanks around it; what stood between quotes is kept as it was.
-  QString text;
+  // Without the blanks around it; what stood between quotes is kept as it was. It may be a part of the text
+  // that is read, and lives no longer.
+  QByteArray text;
   // The line of the file on which the cell begins, from 1.
   qint64 line;
 };
 
 using CsvRow = std::vector<CsvCell>;
+
+// The text without the blanks around it, those of other scripts than ASCII included.
+QByteArray withoutBlanks(const QByteArray& text);
 
 struct CsvFault {
   qint64 line;
@@ -35,15 +39,15 @@ class CsvReader {
   // the first line that is not blank; a comma when there is none.
   explicit CsvReader(QByteArrayView text);
 
-  // The next row, blank lines left out. Nothing at the end of the text and from a fault on.
-  std::optional<CsvRow> next();
+  // The next row, blank lines left out, which is good until the one after it. Null at the end of the text and
+  // from a fault on.
+  const CsvRow* next();
   const std::optional<CsvFault>& fault() const { return _fault; }
 
  private:
-  CsvRow readRow();
-  CsvCell readCell(size_t number);
-  QString readPlain();
-  QString readQuoted(size_t number);
+  void readRow();
+  QByteArray readPlain();
+  QByteArray readQuoted(size_t number);
   void fail(qint64 line, size_t cell, const QString& message);
 
   bool atEnd() const { return _place == _text.size(); }
@@ -55,6 +59,7 @@ class CsvReader {
 
   QByteArrayView _text;
   char _separator;
+  CsvRow _row;
   qsizetype _place = 0;
   qint64 _line = 1;
   std::optional<CsvFault> _fault;

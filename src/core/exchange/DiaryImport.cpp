@@ -5,7 +5,6 @@
 #include <QStringList>
 
 #include <algorithm>
-#include <map>
 #include <memory>
 #include <span>
 
@@ -57,41 +56,44 @@ class TableWriter {
  public:
   TableWriter(Connection& connection, const ExchangeTable& table)
       : _table(table),
+        _columns(columnsOf(table)),
         _keys(keysByDate(connection, table)),
         _insert(connection, insertText(table)),
         _update(connection, updateText(table)) {}
 
-  void write(const ExchangeDay& day) {
+  // The date is the day's, in UTF-8.
+  void write(const ExchangeDay& day, const QByteArray& date) {
     const auto values = std::span(day.values).subspan(_table.firstColumn, _table.columnCount);
     if (std::none_of(values.begin(), values.end(), [](const auto& value) { return value.has_value(); }))
       return;
     if (const auto key = _keys.constFind(day.date); key != _keys.constEnd())
       update(*key, values);
     else
-      insert(day.date, values);
+      insert(date, values);
   }
 
  private:
   using Values = std::span<const std::optional<double>>;
 
-  void insert(const QString& date, Values values) {
+  void insert(const QByteArray& date, Values values) {
     int place = 1;
     _insert.bind(place++, _table.newOwner);
-    _insert.bind(place++, date);
+    _insert.bindLasting(place++, date);
     for (size_t i = 0; i < values.size(); ++i)
-      bindValue(_insert, place++, columnsOf(_table)[i], values[i].value_or(kNotEntered));
+      bindValue(_insert, place++, _columns[i], values[i].value_or(kNotEntered));
     static_cast<void>(_insert.execute());
   }
 
   void update(qint64 key, Values values) {
     int place = 1;
     for (size_t i = 0; i < values.size(); ++i, ++place)
-      if (values[i]) bindValue(_update, place, columnsOf(_table)[i], *values[i]);
+      if (values[i]) bindValue(_update, place, _columns[i], *values[i]);
     _update.bind(place, key);
     static_cast<void>(_update.execute());
   }
 
   const ExchangeTable& _table;
+  std::span<const ExchangeColumn> _columns;
   QHash<QString, qint64> _keys;
   Statement _insert;
   Statement _update;
@@ -104,26 +106,44 @@ void writeDays(Connection& connection, const std::vector<ExchangeDay>& days,
     writers.push_back(std::make_unique<TableWriter>(connection, table));
   qint64 done = 0;
   for (const ExchangeDay& day : days) {
-    for (const auto& writer : writers) writer->write(day);
+    const QByteArray date = day.date.toUtf8();
+    for (const auto& writer : writers) writer->write(day, date);
     if (!connection.isGood()) return;
     if (progress) progress(++done, std::ssize(days));
   }
 }
+
+// Finds days by their dates, fastest where the dates ascend.
+class DayFinder {
+ public:
+  // Ascending by date.
+  explicit DayFinder(const std::vector<ExchangeDay>& days) : _days(days) {}
+
+  // Null where there is none.
+  const ExchangeDay* find(const QString& date) {
+    if (_next >= _days.size() || _days[_next].date != date)
+      _next =
+          static_cast<size_t>(std::ranges::lower_bound(_days, date, {}, &ExchangeDay::date) - _days.begin());
+    return _next < _days.size() && _days[_next].date == date ? &_days[_next++] : nullptr;
+  }
+
+ private:
+  const std::vector<ExchangeDay>& _days;
+  size_t _next = 0;
+};
 
 // Whether each value that was written is there now; a trigger may have seen to the contrary.
 std::optional<FileError> missing(Connection& connection, const QString& diary,
                                  const std::vector<ExchangeDay>& written) {
   const auto read = readDiary(connection, diary);
   if (const auto* error = std::get_if<FileError>(&read)) return *error;
-  const auto& days = std::get<DiaryDays>(read).days;
+  DayFinder kept(std::get<DiaryDays>(read).days);
   for (const ExchangeDay& day : written) {
     if (!day.hasValue()) continue;
-    const auto kept =
-        std::lower_bound(days.begin(), days.end(), day.date,
-                         [](const ExchangeDay& one, const QString& date) { return one.date < date; });
+    const ExchangeDay* found = kept.find(day.date);
     const bool isThere =
-        kept != days.end() && kept->date == day.date &&
-        std::equal(day.values.begin(), day.values.end(), kept->values.begin(),
+        found != nullptr &&
+        std::equal(day.values.begin(), day.values.end(), found->values.begin(),
                    [](const auto& given, const auto& held) { return !given || given == held; });
     if (!isThere)
       return FileError{diary + QStringLiteral(": %1 was not kept as it was written").arg(day.date)};
@@ -131,14 +151,12 @@ std::optional<FileError> missing(Connection& connection, const QString& diary,
   return std::nullopt;
 }
 
-using DaysByDate = std::map<QString, ExchangeDay>;
-
 size_t placeOf(MeasureId id) { return *exchangePlace(QString::fromLatin1(measure(id).exchangeName)); }
 
 // The pulse pressure follows its two pressures, wherever they come from.
 void addPulsePressure(ExchangeDay& day, const ExchangeDay* known) {
-  const auto systolic = placeOf(MeasureId::Systolic);
-  const auto diastolic = placeOf(MeasureId::Diastolic);
+  static const size_t systolic = placeOf(MeasureId::Systolic);
+  static const size_t diastolic = placeOf(MeasureId::Diastolic);
   const auto valueAt = [&](size_t place) {
     return day.values[place] || known == nullptr ? day.values[place] : known->values[place];
   };
@@ -166,14 +184,11 @@ void plan(ExchangeDay day, const ExchangeDay* known, bool givesPulsePressure, Ov
   preview.days.push_back(std::move(day));
 }
 
-std::variant<DaysByDate, FileError> daysOf(const QString& diary, const ExchangeOptions& options) {
-  DaysByDate known;
-  if (!QFile::exists(diary)) return known;
+std::variant<DiaryDays, FileError> daysOf(const QString& diary, const ExchangeOptions& options) {
+  if (!QFile::exists(diary)) return DiaryDays();
   Connection connection(diary, options.patience);
-  auto read = connection.run("BEGIN") ? readDiary(connection, diary) : FileError{connection.error()};
-  if (auto* error = std::get_if<FileError>(&read)) return std::move(*error);
-  for (ExchangeDay& day : std::get<DiaryDays>(read).days) known.try_emplace(day.date, std::move(day));
-  return known;
+  if (!connection.run("BEGIN")) return FileError{connection.error()};
+  return readDiary(connection, diary);
 }
 
 }  // namespace
@@ -195,13 +210,13 @@ PreviewResult previewImport(const QByteArray& file, const QString& diary, const 
   if (!preview.faults.empty()) return preview;
   const auto known = daysOf(diary, options.exchange);
   if (const auto* error = std::get_if<FileError>(&known)) return *error;
-  const auto& byDate = std::get<DaysByDate>(known);
+  DayFinder here(std::get<DiaryDays>(known).days);
   const bool givesPulsePressure = parsed.givesPulsePressure();
+  preview.days.reserve(parsed.days.size());
   for (ExchangeDay& day : parsed.days) {
     if (!day.hasValue()) continue;
-    const auto found = byDate.find(day.date);
-    plan(std::move(day), found == byDate.end() ? nullptr : &found->second, givesPulsePressure,
-         options.overwriting, preview);
+    const ExchangeDay* found = here.find(day.date);
+    plan(std::move(day), found, givesPulsePressure, options.overwriting, preview);
   }
   return preview;
 }

@@ -3,8 +3,9 @@
 #include <QDate>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
-#include <variant>
+#include <unordered_map>
 
 #include "core/exchange/Columns.h"
 #include "core/exchange/Csv.h"
@@ -24,12 +25,6 @@ constexpr qsizetype kUsualLine = 96;
 constexpr size_t kMostDays = 150'000;
 constexpr size_t kMostFaults = 100;
 
-// Where the parts of a date stand in "yyyy-MM-dd".
-constexpr qsizetype kYearLength = 4;
-constexpr qsizetype kMonth = 5;
-constexpr qsizetype kPartLength = 2;
-constexpr qsizetype kDayPlace = 8;
-
 using Role = FileColumn::Role;
 
 // As a message quotes it.
@@ -46,20 +41,6 @@ bool isPlausible(double value, const ExchangeColumn& column) {
   return value >= column.plausibleFrom && value <= column.plausibleTo;
 }
 
-bool hasForm(QStringView text) {
-  constexpr QStringView form = u"0000-00-00";
-  return text.size() == form.size() &&
-         std::equal(text.begin(), text.end(), form.begin(), [](QChar sign, QChar wanted) {
-           return wanted == u'0' ? sign >= u'0' && sign <= u'9' : sign == wanted;
-         });
-}
-
-int wholeNumber(QStringView digits) {
-  int number = 0;
-  for (const QChar sign : digits) number = 10 * number + (sign.unicode() - u'0');
-  return number;
-}
-
 // The readings of one value on one day.
 struct Readings {
   double sum = 0;
@@ -74,15 +55,16 @@ class DayParser {
 
   ParsedFile parse() {
     CsvReader reader(_text);
-    const std::optional<CsvRow> header = reader.next();
-    if (header) readHeader(*header);
+    const CsvRow* row = reader.next();
+    const qint64 headerLine = row == nullptr ? 1 : row->front().line;
+    if (row != nullptr) readHeader(*row);
     takeFault(reader);
-    if (mayGoOn()) checkColumns(header ? header->front().line : 1);
-    if (mayGoOn()) findOrder();
+    if (mayGoOn()) checkColumns(headerLine);
+    expectDays();
     while (mayGoOn()) {
-      const std::optional<CsvRow> row = reader.next();
+      row = reader.next();
       takeFault(reader);
-      if (!row) break;
+      if (row == nullptr) break;
       readDay(*row);
     }
     if (_file.faults.empty())
@@ -93,15 +75,22 @@ class DayParser {
   }
 
  private:
-  using ParsedValue = std::variant<double, ParseFault>;
-
   bool mayGoOn() const { return !_isOver && _file.faults.size() < kMostFaults; }
+
+  // Room for a day a line, at the most.
+  void expectDays() {
+    const auto lines = static_cast<size_t>(std::count(_text.begin(), _text.end(), '\n')) + 1;
+    const size_t days = std::min(lines, kMostDays);
+    _file.days.reserve(days);
+    _placeOfDay.reserve(days);
+    _readings.reserve(days * _known.size());
+  }
 
   void readHeader(const CsvRow& header) {
     for (const CsvCell& cell : header) {
       const auto number = std::ssize(_file.columns);
       const auto chosen = _choices.columns.constFind(number);
-      FileColumn column = columnOf(cell.text);
+      FileColumn column = columnOf(QString::fromUtf8(cell.text));
       if (chosen != _choices.columns.constEnd())
         column = {column.heading, chosen->role, chosen->place, chosen->unit};
       const bool isTwice =
@@ -109,8 +98,9 @@ class DayParser {
           std::any_of(_file.columns.begin(), _file.columns.end(), [&](const auto& other) {
             return other.role == column.role && (column.role != Role::Value || other.place == column.place);
           });
-      if (isTwice) fail({cell.line, cell.text.trimmed().toLower(), word("fault_twice")});
+      if (isTwice) fail({cell.line, QString::fromUtf8(cell.text).trimmed().toLower(), word("fault_twice")});
       _file.columns.push_back(column);
+      _units.push_back(column.role == Role::Value ? unitOf(column) : nullptr);
     }
   }
 
@@ -132,27 +122,26 @@ class DayParser {
   }
 
   // Whether days stand before months, from the whole file where the person has not said.
-  void findOrder() {
-    if (_choices.dateOrder) return;
+  DateOrder findOrder() {
     bool dayFirst = true;
     bool monthFirst = true;
     ParseFault doubt{0, kExchangeDate, {}, Choice::DateOrder};
     CsvReader reader(_text);
     reader.next();
-    while (const std::optional<CsvRow> row = reader.next()) {
-      if (_date >= row->size() || isDiaryDate((*row)[_date].text)) continue;
-      const auto date = readFileDate((*row)[_date].text);
+    while (const CsvRow* row = reader.next()) {
+      if (_date >= row->size() || diaryDate((*row)[_date].text).isValid()) continue;
+      const QString text = QString::fromUtf8((*row)[_date].text).trimmed();
+      const auto date = readFileDate(text);
       if (!date || !date->isDoubtful()) continue;
       if (doubt.line == 0) {
         doubt.line = (*row)[_date].line;
-        doubt.message = filled(word("fault_two_orders"), quoted((*row)[_date].text));
+        doubt.message = filled(word("fault_two_orders"), quoted(text));
       }
       dayFirst = dayFirst && date->dayFirst.isValid();
       monthFirst = monthFirst && date->monthFirst.isValid();
     }
-    _order = dayFirst ? DateOrder::DayMonthYear : DateOrder::MonthDayYear;
-    if (doubt.line == 0 || !dayFirst || !monthFirst) return;
-    end(doubt);
+    if (dayFirst && monthFirst) end(doubt);
+    return dayFirst ? DateOrder::DayMonthYear : DateOrder::MonthDayYear;
   }
 
   void readDay(const CsvRow& row) {
@@ -166,61 +155,65 @@ class DayParser {
     const auto day = readDate(row);
     if (!day) return;
     for (size_t i = 0; i < std::min(row.size(), _file.columns.size()); ++i)
-      if (_file.columns[i].role == Role::Value && !isEmpty(row[i])) readValue(row[i], _file.columns[i], *day);
+      if (_file.columns[i].role == Role::Value && !isEmpty(row[i])) readValue(row[i], i, *day);
   }
 
   // The place of the row's day among the days; nothing after a fault.
   std::optional<size_t> readDate(const CsvRow& row) {
     const bool isThere = _date < row.size();
     const qint64 line = row[isThere ? _date : 0].line;
-    const QString text = isThere ? row[_date].text.trimmed() : QString();
+    const QByteArray text = isThere ? withoutBlanks(row[_date].text) : QByteArray();
     FileDate date;
-    if (isDiaryDate(text))
-      date.dayFirst = date.monthFirst = QDate::fromString(text, Qt::ISODate);
-    else
-      date = readFileDate(text).value_or(FileDate());
-    const QDate day = date.in(_choices.dateOrder.value_or(_order));
+    date.dayFirst = date.monthFirst = diaryDate(text);
+    const bool isDiaryForm = date.dayFirst.isValid();
+    if (!isDiaryForm) date = readFileDate(QString::fromUtf8(text)).value_or(FileDate());
+    if (date.isDoubtful() && !_order) _order = findOrder();
+    if (_isOver) return std::nullopt;
+    const QDate day = date.in(_order.value_or(DateOrder::DayMonthYear));
     if (!day.isValid()) {
-      fail({line, kExchangeDate,
-            text.isEmpty() ? word("fault_empty") : filled(word("fault_no_date"), quoted(text))});
+      const QString shown = quoted(QString::fromUtf8(text));
+      fail(
+          {line, kExchangeDate, text.isEmpty() ? word("fault_empty") : filled(word("fault_no_date"), shown)});
       return std::nullopt;
     }
-    if (!date.time.isValid() && _time < row.size()) date.time = readTime(row[_time].text);
+    if (!date.time.isValid() && _time < row.size()) date.time = readTime(QString::fromUtf8(row[_time].text));
     _clock = date.time.isValid() ? date.time.msecsSinceStartOfDay() : 0;
-    return placeOfDay(day, line);
+    return placeOfDay(day, isDiaryForm ? QString::fromLatin1(text) : QString(), line);
   }
 
-  std::optional<size_t> placeOfDay(const QDate& day, qint64 line) {
-    const auto known = _placeOfDay.constFind(day);
-    if (known != _placeOfDay.constEnd()) return *known;
+  // The text is the day's in the diary's form, or null.
+  std::optional<size_t> placeOfDay(const QDate& day, const QString& text, qint64 line) {
+    const auto [known, isNew] = _placeOfDay.try_emplace(day.toJulianDay(), _file.days.size());
+    if (!isNew) return known->second;
     if (_file.days.size() == kMostDays) {
       end({line, {}, filled(word("fault_most_days"), static_cast<qint64>(kMostDays))});
       return std::nullopt;
     }
-    _placeOfDay.insert(day, _file.days.size());
     _lineOfDay.push_back(line);
-    _file.days.emplace_back(day.toString(Qt::ISODate));
-    _readings.resize(_readings.size() + exchangeColumns().size());
+    _file.days.emplace_back(text.isNull() ? day.toString(Qt::ISODate) : text);
+    _readings.resize(_readings.size() + _known.size());
     return _file.days.size() - 1;
   }
 
-  void readValue(const CsvCell& cell, const FileColumn& column, size_t day) {
-    const ExchangeColumn& meant = exchangeColumns()[column.place];
-    const QString text = cell.text.trimmed();
-    const std::optional<double> number = decimalNumber(text);
+  void readValue(const CsvCell& cell, size_t number, size_t day) {
+    const FileColumn& column = _file.columns[number];
+    const ExchangeColumn& meant = _known[column.place];
+    const QByteArray text = withoutBlanks(cell.text);
+    const std::optional<double> read = decimalNumber(text);
     // The words quote the text and then the further texts.
     const auto failed = [&](const char* key, const QStringList& further = {},
                             std::optional<Choice> mendedBy = {}) {
-      fail({cell.line, meant.name, filled(word(key), QStringList(quoted(text)) + further), mendedBy});
+      fail({cell.line, meant.name, filled(word(key), QStringList(quoted(QString::fromUtf8(text))) + further),
+            mendedBy});
     };
-    if (!number) return failed("fault_no_number");
-    const FileUnit* unit = unitOf(column, meant);
-    const double value = unit == nullptr ? *number : unit->inStoredUnit(*number);
+    if (!read) return failed("fault_no_number");
+    const FileUnit* unit = _units[number];
+    const double value = unit == nullptr ? *read : unit->inStoredUnit(*read);
     if (value == kNotEntered) return failed("fault_not_entered");
     if (value < meant.holdsFrom) return failed("fault_below", {NumberText(meant.holdsFrom).toString()});
     if (value > meant.holdsTo) return failed("fault_above", {NumberText(meant.holdsTo).toString()});
     if (meant.isWhole && value != std::trunc(value)) return failed("fault_not_whole");
-    if (const FileUnit* other = betterUnit(*number, value, unit, meant)) {
+    if (const FileUnit* other = betterUnit(*read, value, unit, meant)) {
       const bool isMended = other->system == UnitSystem::Us && column.unit == nullptr;
       return failed("fault_unit", {QString::fromUtf8(unit->name), QString::fromUtf8(other->name)},
                     isMended ? std::optional(Choice::Units) : std::nullopt);
@@ -229,8 +222,8 @@ class DayParser {
   }
 
   // Null where there is but one unit.
-  const FileUnit* unitOf(const FileColumn& column, const ExchangeColumn& meant) const {
-    const auto units = unitsOf(meant.name);
+  const FileUnit* unitOf(const FileColumn& column) const {
+    const auto units = unitsOf(exchangeColumns()[column.place].name);
     if (units.empty() || column.unit != nullptr) return column.unit;
     const auto wanted = std::find_if(units.begin(), units.end(), [this](const FileUnit& unit) {
       return unit.system == _choices.units.value_or(UnitSystem::Metric);
@@ -248,7 +241,7 @@ class DayParser {
   }
 
   void take(const CsvCell& cell, size_t day, size_t place, double value) {
-    Readings& readings = _readings[day * exchangeColumns().size() + place];
+    Readings& readings = _readings[day * _known.size() + place];
     if (readings.count > 0 && !_choices.several && readings.taken != value)
       return fail({cell.line, kExchangeDate,
                    filled(word("fault_several"), {_file.days[day].date, QString::number(_lineOfDay[day])}),
@@ -263,11 +256,11 @@ class DayParser {
   }
 
   void finish() {
-    const size_t width = exchangeColumns().size();
+    const size_t width = _known.size();
     for (size_t i = 0; i < _readings.size(); ++i) {
       const Readings& readings = _readings[i];
       if (readings.count == 0) continue;
-      const ExchangeColumn& column = exchangeColumns()[i % width];
+      const ExchangeColumn& column = _known[i % width];
       double value = readings.taken;
       if (_choices.several == Several::Mean && readings.count > 1) {
         value = readings.sum / readings.count;
@@ -290,8 +283,10 @@ class DayParser {
   }
 
   static bool isEmpty(const CsvCell& cell) {
-    const QStringView text = QStringView(cell.text).trimmed();
-    return text.isEmpty() || text == u"-" || text == u"--";
+    const bool beginsNumber = !cell.text.isEmpty() && cell.text.front() >= '0' && cell.text.front() <= '9';
+    if (beginsNumber) return false;
+    const QByteArray text = withoutBlanks(cell.text);
+    return text.isEmpty() || text == "-" || text == "--";
   }
 
   void fail(ParseFault fault) {
@@ -306,13 +301,15 @@ class DayParser {
 
   QByteArrayView _text;
   const FileChoices& _choices;
+  const std::vector<ExchangeColumn>& _known = exchangeColumns();
   ParsedFile _file;
   bool _isOver = false;
   size_t _date = 0;
   size_t _time = 0;
-  DateOrder _order = DateOrder::DayMonthYear;
-  int _clock = 0;  // of the line that is read: milliseconds of its day
-  QHash<QDate, size_t> _placeOfDay;
+  std::optional<DateOrder> _order = _choices.dateOrder;
+  int _clock = 0;                       // of the line that is read: milliseconds of its day
+  std::vector<const FileUnit*> _units;  // of the columns; null where there is but one
+  std::unordered_map<qint64, size_t> _placeOfDay;
   std::vector<qint64> _lineOfDay;
   std::vector<Readings> _readings;  // day by day, by the places of exchangeColumns()
 };
@@ -342,9 +339,10 @@ std::vector<FileColumn> columnsOfFile(const QByteArray& file) {
   std::vector<FileColumn> columns;
   const std::optional<QByteArray> text = utf8Of(file);
   if (!text) return columns;
-  const std::optional<CsvRow> header = CsvReader(*text).next();
-  if (!header) return columns;
-  for (const CsvCell& cell : *header) columns.push_back(columnOf(cell.text));
+  CsvReader reader(*text);
+  const CsvRow* header = reader.next();
+  if (header == nullptr) return columns;
+  for (const CsvCell& cell : *header) columns.push_back(columnOf(QString::fromUtf8(cell.text)));
   return columns;
 }
 
@@ -376,10 +374,22 @@ QString faultText(const ParseFault& fault) {
                                 : filled(word("fault_column"), {line, fault.column, fault.message});
 }
 
-bool isDiaryDate(QStringView text) {
-  return hasForm(text) &&
-         QDate::isValid(wholeNumber(text.first(kYearLength)), wholeNumber(text.sliced(kMonth, kPartLength)),
-                        wholeNumber(text.sliced(kDayPlace)));
+bool isDiaryDate(QStringView text) { return diaryDate(text.toLatin1()).isValid(); }
+
+QDate diaryDate(QByteArrayView text) {
+  constexpr QByteArrayView form = "0000-00-00";
+  if (text.size() != form.size()) return {};
+  std::array<int, 3> parts{};
+  size_t part = 0;
+  for (qsizetype i = 0; i < form.size(); ++i) {
+    const bool isDigit = text[i] >= '0' && text[i] <= '9';
+    if (form[i] == '0' ? !isDigit : text[i] != form[i]) return {};
+    if (!isDigit)
+      ++part;
+    else
+      parts[part] = 10 * parts[part] + (text[i] - '0');
+  }
+  return {parts[0], parts[1], parts[2]};
 }
 
 }  // namespace sanovia

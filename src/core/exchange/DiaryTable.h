@@ -83,4 +83,7 @@ QString faultText(const ParseFault& fault);
 // Whether the text is a day of the calendar in the form "yyyy-MM-dd".
 bool isDiaryDate(QStringView text);
 
+// That day; invalid where the text is none.
+QDate diaryDate(QByteArrayView text);
+
 }  // namespace sanovia

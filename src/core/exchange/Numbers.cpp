@@ -15,9 +15,9 @@ constexpr double kLargestPlain = 1e15;
 constexpr qsizetype kUsualLength = 32;
 
 // Letters other than that of an exponent are refused, which leaves out the names of what is no number.
-bool isOfNumber(char16_t sign) {
-  return (sign >= u'0' && sign <= u'9') || sign == u'.' || sign == u'-' || sign == u'+' || sign == u'e' ||
-         sign == u'E';
+bool isOfNumber(char sign) {
+  return (sign >= '0' && sign <= '9') || sign == '.' || sign == '-' || sign == '+' || sign == 'e' ||
+         sign == 'E';
 }
 
 // What only the toolkit tells of a number out of range: whether it is too large or too small.
@@ -42,12 +42,12 @@ NumberText::NumberText(double value) { write(value); }
 
 NumberText::NumberText(float value) { write(value); }
 
-std::optional<double> decimalNumber(QStringView text) {
+std::optional<double> decimalNumber(QByteArrayView text) {
   QVarLengthArray<char, kUsualLength> signs;
-  for (const QChar sign : text) {
-    const char16_t read = sign == u',' ? u'.' : sign.unicode();
+  for (const char sign : text) {
+    const char read = sign == ',' ? '.' : sign;
     if (!isOfNumber(read)) return std::nullopt;
-    signs.append(static_cast<char>(read));
+    signs.append(read);
   }
   // A plus sign is known here and not to the reader.
   const bool hasPlus = signs.size() > 1 && signs[0] == '+' && signs[1] != '-';

@@ -30,7 +30,7 @@ class NumberText {
 
 // Nothing when the text is no decimal number, whose point may be a comma; infinity when it is too large for
 // any.
-std::optional<double> decimalNumber(QStringView text);
+std::optional<double> decimalNumber(QByteArrayView text);
 
 // The text of a value of a column that holds single precision. What is no single stands as it is.
 NumberText singleText(double value);
