@@ -30,6 +30,7 @@ BuiltSummary HealthSummary::onScreen(double scale) {
   SummaryLayout layout = pages.layout;
   layout.scale = scale;
   layout.pageEnds.clear();
+  layout.isLegendOnNewPage = false;
   return buildSummary(pages.plan, layout, _text);
 }
 

@@ -13,8 +13,8 @@
 namespace sanovia {
 namespace {
 
-constexpr PaperFont kTitleFont{18, true};
-constexpr PaperFont kNameFont{12, true};
+constexpr PaperFont kTitleFont{20, true};
+constexpr PaperFont kFactFont{9, true};
 constexpr PaperFont kSectionFont{10, true};
 constexpr PaperFont kMeasureFont{8, true};
 constexpr PaperFont kValueFont{8};
@@ -24,7 +24,10 @@ constexpr int kNothingPixels = 1;
 // The state of a paragraph that has its text.
 constexpr int kWritten = 1;
 constexpr double kCellPadding = 1.5;
-constexpr double kGapBefore = 6;
+constexpr double kGapBefore = 8;
+constexpr double kGapBeforeFact = 3;
+constexpr double kFineRule = 0.5;
+constexpr double kTitleRule = 1.5;
 constexpr double kIndent = 6;
 
 enum Column : int {
@@ -40,7 +43,7 @@ enum Column : int {
   kColumns
 };
 // Percentages of the width.
-constexpr std::array<double, kColumns> kColumnShares{16.5, 5, 12.5, 11, 11, 11, 9.5, 16.5, 7};
+constexpr std::array<double, kColumns> kColumnShares{15.5, 4.5, 14, 11, 11, 11, 9.5, 15.5, 8};
 
 // Of the measures in the table of tested days.
 constexpr double kTestShares = 80;
@@ -66,7 +69,7 @@ class Builder {
     addLegend();
     addRemarks();
     _cursor.endEditBlock();
-    return {std::move(_document), _objects, std::move(_measures)};
+    return {std::move(_document), _objects, std::move(_measures), _legend};
   }
 
  private:
@@ -124,7 +127,7 @@ class Builder {
     format.setCellSpacing(0);
     format.setCellPadding(scaled(kCellPadding));
     format.setTopMargin(0);
-    format.setBottomMargin(0);
+    format.setBottomMargin(scaled(kGapBefore / 2));
     return format;
   }
 
@@ -157,9 +160,10 @@ class Builder {
     for (size_t i = 0; i < _plan.facts.size(); ++i) {
       const auto place = static_cast<int>(i);
       QTextCursor cell = table->cellAt(place / kFactColumns, place % kFactColumns).firstCursorPosition();
-      write(cell, _plan.facts[i].label, kSmallFont, Qt::AlignLeft, palette::darkGray);
-      write(cell, _plan.facts[i].text, i == 0 ? kNameFont : kStrongFont);
+      write(cell, _plan.facts[i].label, kSmallFont, Qt::AlignLeft, palette::darkGray, kGapBeforeFact);
+      write(cell, _plan.facts[i].text, kFactFont);
     }
+    rule(table, 0, kTitleRule, palette::red);
     endTable();
   }
 
@@ -172,10 +176,10 @@ class Builder {
     QTextTable* table = _cursor.insertTable(1 + rows, kColumns, format);
     for (int column = 0; column < kColumns; ++column) {
       QTextCursor cell = table->cellAt(0, column).firstCursorPosition();
-      write(cell, _plan.heads.value(column), kSmallFont, alignmentOf(column), palette::darkGray);
+      write(cell, _plan.heads.value(column), kSmallFont, alignmentOf(column), palette::white);
     }
     indent(table, 0, ShareColumn);
-    shade(table, 0, palette::paleTeal);
+    shade(table, 0, palette::teal);
     return table;
   }
 
@@ -230,7 +234,8 @@ class Builder {
 
   void addSectionTitle(QTextTable* table, int at, const QString& title) {
     QTextCursor cell = mergedRow(table, at);
-    write(cell, title, kSectionFont, Qt::AlignLeft, palette::teal, kGapBefore / 2);
+    write(cell, title, kSectionFont, Qt::AlignLeft, palette::teal);
+    pad(table, at, 0, &QTextTableCellFormat::setTopPadding, kGapBefore);
   }
 
   // The numbers, and the chart in the row below them.
@@ -282,20 +287,25 @@ class Builder {
 
   // What stands at the left keeps its distance from what stands at the right of the cell before.
   void indent(QTextTable* table, int row, int column) const {
+    pad(table, row, column, &QTextTableCellFormat::setLeftPadding, kIndent);
+  }
+
+  using Padding = void (QTextTableCellFormat::*)(qreal);
+  void pad(QTextTable* table, int row, int column, Padding setPadding, double points) const {
     QTextTableCell cell = table->cellAt(row, column);
     QTextTableCellFormat format = cell.format().toTableCellFormat();
-    format.setLeftPadding(scaled(kIndent));
+    (format.*setPadding)(scaled(points));
     cell.setFormat(format);
   }
 
-  // A fine line above the row.
-  void rule(QTextTable* table, int row) const {
+  // A line above the row.
+  void rule(QTextTable* table, int row, double width = kFineRule, QColor color = palette::lightGray) const {
     for (int column = 0; column < table->columns(); ++column) {
       QTextTableCell cell = table->cellAt(row, column);
       QTextTableCellFormat format = cell.format().toTableCellFormat();
-      format.setTopBorder(scaled(0.5));
+      format.setTopBorder(scaled(width));
       format.setTopBorderStyle(QTextFrameFormat::BorderStyle_Solid);
-      format.setTopBorderBrush(palette::lightGray);
+      format.setTopBorderBrush(color);
       cell.setFormat(format);
     }
   }
@@ -328,10 +338,10 @@ class Builder {
       writeTest(
           table, 1, column,
           unit.isEmpty() ? tests.heads.at(column) : tests.heads.at(column) + QStringLiteral(", ") + unit,
-          kSmallFont);
+          kSmallFont, palette::white);
       writeTest(table, 2, column, tests.norms.at(column), kSmallFont);
     }
-    shade(table, 1, palette::paleTeal);
+    shade(table, 1, palette::teal);
     shade(table, 2, palette::paleTeal);
     for (int day = 0; day < days; ++day)
       addTestedDay(table, kHeadRows + day, tests.days[static_cast<size_t>(day)]);
@@ -348,15 +358,26 @@ class Builder {
     rule(table, at);
   }
 
-  void writeTest(QTextTable* table, int row, int column, const QString& text, PaperFont font) const {
+  void writeTest(QTextTable* table, int row, int column, const QString& text, PaperFont font,
+                 QColor color = palette::black) const {
     QTextCursor cell = table->cellAt(row, column).firstCursorPosition();
-    write(cell, text, font, column == 0 ? Qt::AlignLeft : Qt::AlignRight);
+    write(cell, text, font, column == 0 ? Qt::AlignLeft : Qt::AlignRight, color);
   }
 
   void addLegend() {
     double gap = kGapBefore;
-    for (const QString& sentence : _plan.legend)
+    for (const QString& sentence : _plan.legend) {
       write(_cursor, sentence, kSmallFont, Qt::AlignLeft, palette::darkGray, std::exchange(gap, 1));
+      if (&sentence == &_plan.legend.front()) beginLegend();
+    }
+  }
+
+  void beginLegend() {
+    _legend = _cursor.block().position();
+    if (!_layout.isLegendOnNewPage) return;
+    QTextBlockFormat format;
+    format.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysBefore);
+    _cursor.mergeBlockFormat(format);
   }
 
   void addRemarks() {
@@ -374,6 +395,7 @@ class Builder {
   SummaryObjects* _objects = nullptr;
   QTextCursor _cursor;
   std::vector<MeasurePlace> _measures;
+  int _legend = 0;
 };
 
 }  // namespace

@@ -18,6 +18,7 @@ struct SummaryLayout {
   int remarkLines = 0;    // none leaves the remarks out
   // The measures, counted over all sections, before which a page ends.
   std::set<size_t> pageEnds = {};
+  bool isLegendOnNewPage = false;
 };
 
 // From the first to the last position of what must not be parted: a measure with its chart.
@@ -30,6 +31,7 @@ struct BuiltSummary {
   std::unique_ptr<QTextDocument> document;
   SummaryObjects* objects;  // which the document owns
   std::vector<MeasurePlace> measures;
+  int legend;  // its first position
 };
 
 inline constexpr double kRemarkPitch = 20;

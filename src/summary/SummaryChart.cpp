@@ -13,8 +13,11 @@ constexpr double kLabelGap = 4;
 constexpr double kWideRadius = 1.7;
 constexpr double kNarrowRadius = 1.2;
 constexpr size_t kPointsOfWideRadius = 45;
-// The far limit of the norm is shown while the values keep this share of the height.
+// A limit of the norm is shown while the values keep this share of the height.
 constexpr double kLeastShareOfValues = 0.3;
+// Values within the norm whose limits are too far reach over this share of it, so that little does not look
+// much.
+constexpr double kLeastShareOfNorm = 0.25;
 constexpr double kLeastRange = 1;
 
 std::vector<PeriodMean> drawnPeriods(const MeasureSummary& row, ChartGrain grain, Qt::DayOfWeek firstDay) {
@@ -41,7 +44,14 @@ Span withNorm(Span span, const NormLimits& norm) {
   const Span near = taking(span, lowIsNear ? norm.low : norm.high);
   const Span both = taking(near, lowIsNear ? norm.high : norm.low);
   const double range = span.high - span.low;
-  return range == 0 || range >= kLeastShareOfValues * (both.high - both.low) ? both : near;
+  const auto isReadable = [range](Span with) {
+    return range == 0 || range >= kLeastShareOfValues * (with.high - with.low);
+  };
+  if (isReadable(both)) return both;
+  const bool isWithin = span.low >= norm.low && span.high <= norm.high;
+  if (!isWithin || isReadable(near)) return near;
+  const double more = std::max(0.0, kLeastShareOfNorm * (norm.high - norm.low) - range) / 2;
+  return {std::max(norm.low, span.low - more), std::min(norm.high, span.high + more)};
 }
 
 Span spanOf(const MeasureSummary& row) {

@@ -54,9 +54,12 @@ QStringList summaryLegend(const IntervalSummary& summary, const TimeAxis& axis, 
         before == end ? format.date(end) : format.date(before) + QStringLiteral(" – ") + format.date(end);
     legend.append(word("summary_legend_numbers") + u' ' + filled(word("summary_legend_change"), interval));
   }
-  if (has([](const MeasureSummary& row) { return row.counts.has_value(); }))
+  QString charts = word(grainKey(axis.grain)) + u' ';
+  if (has([](const MeasureSummary& row) { return row.counts.has_value(); })) {
     legend.append(word("summary_legend_bar"));
-  legend.append(word(grainKey(axis.grain)) + u' ' + word("summary_legend_band") + u' ' + marksText(axis));
+    charts += word("summary_legend_band") + u' ';
+  }
+  legend.append(charts + marksText(axis));
   if (const QStringList sources = sourcesOf(summary); !sources.isEmpty())
     legend.append(filled(word("summary_legend_norms"), sources.join(QStringLiteral("; "))));
   if (has([](const MeasureSummary& row) { return followsAge(*row.measure) && !row.norm; }))

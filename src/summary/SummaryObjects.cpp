@@ -52,7 +52,7 @@ void paint(QPainter& painter, const SmallChart& chart, const PaperText& paper) {
   for (const QLineF& range : chart.ranges) painter.drawLine(range);
   QPolygonF line;
   for (const SmallChart::Point& point : chart.points) line.append(point.at);
-  painter.setPen(strokeOf(palette::darkGray, kCurveLine));
+  painter.setPen(strokeOf(palette::teal, kCurveLine));
   painter.drawPolyline(line);
   paintPoints(painter, chart);
   paintTexts(painter, chart.texts, paper);

@@ -1,6 +1,7 @@
 #include "summary/SummaryPages.h"
 
 #include <QAbstractTextDocumentLayout>
+#include <QFontMetricsF>
 #include <QTextBlock>
 
 #include <algorithm>
@@ -14,21 +15,24 @@
 namespace sanovia {
 namespace {
 
-constexpr double kSideMargin = 40;
+constexpr double kSideMargin = 36;
 constexpr double kTopMargin = 34;
 constexpr double kBottomMargin = 46;
 // What a chart leaves free beside it.
 constexpr double kCellMargins = 4;
 constexpr double kFootBelowBody = 12;
+constexpr double kGapInFoot = 12;
 constexpr PaperFont kFootFont{7};
 
 constexpr double kChartHeight = 40;
 constexpr double kLeastChartHeight = 20;
+constexpr double kMostChartHeight = 72;
 constexpr double kChartStep = 4;
 constexpr double kUsualLeastHeight = 28;
 constexpr double kWorthwhileShare = 0.35;  // of a last page
 constexpr double kRemarksTitle = 24;
 constexpr int kLeastRemarks = 3;
+constexpr int kUsualRemarks = 5;
 constexpr int kMostRemarks = 8;
 constexpr size_t kTestsForMeasure = 2;
 
@@ -41,17 +45,19 @@ class Paginator {
     double height = kChartHeight;
     plan(height);
     while (pages() > kMostPages && height > kLeastChartHeight) plan(height -= kChartStep);
-    if (pages() > 1 && shareOfLastPage() < kWorthwhileShare) saveLastPage(height);
     takeTestedDays();
+    if (pages() > 1 && shareOfLastPage() < kWorthwhileShare) saveLastPage(height);
+    if (pages() == 1) takeRoomForCharts(height);
+    keepLegendTogether();
     takeRemarks();
     const int count = pages();
     return {std::move(_plan), std::move(_layout), std::move(_built), count};
   }
 
  private:
-  void plan(double chartHeight) {
+  void plan(double chartHeight, size_t testedDays = 0) {
     _plan = summaryPlan(_summary, {_room.body.width() - kCellMargins, chartHeight}, _today, _text);
-    _layout = {};
+    _layout = {.testedDays = testedDays};
     build();
     endPagesBetweenMeasures();
   }
@@ -61,11 +67,30 @@ class Paginator {
   // Somewhat lower charts, where they save a page that would hold little.
   void saveLastPage(double height) {
     const int before = pages();
+    const size_t tests = _layout.testedDays;
     for (double lower = height - kChartStep; lower >= kUsualLeastHeight; lower -= kChartStep) {
-      plan(lower);
+      plan(lower, tests);
       if (pages() < before) return;
     }
-    plan(height);
+    plan(height, tests);
+  }
+
+  // Higher charts on a single page, as far as remarks keep their place.
+  void takeRoomForCharts(double height) {
+    const double room = leftOn(1) - kRemarksTitle - kUsualRemarks * kRemarkPitch;
+    const double more = std::floor(room / static_cast<double>(_built.measures.size()));
+    if (more <= 0) return;
+    plan(std::min(kMostChartHeight, height + more), _layout.testedDays);
+  }
+
+  void keepLegendTogether() {
+    const double end = bottom();
+    if (pageOf(rectAt(_built.legend).top()) == pageOf(end - 1)) return;
+    _layout.isLegendOnNewPage = true;
+    build();
+    if (pages() <= kMostPages) return;
+    _layout.isLegendOnNewPage = false;
+    build();
   }
 
   void build() {
@@ -194,14 +219,25 @@ class PagePainter {
     }
   }
 
+  // A name that has no room is cut; the interval stays whole.
+  QString shortened(const SummaryPlan& plan, double room) const {
+    const QString whole = plan.foot(plan.name);
+    const double tooWide = _text.size(whole, kFootFont).width() - room;
+    if (tooWide <= 0) return whole;
+    const QFontMetricsF metrics(_text.font(kFootFont));
+    const double nameRoom = metrics.horizontalAdvance(plan.name) - tooWide;
+    return plan.foot(metrics.elidedText(plan.name, Qt::ElideRight, nameRoom));
+  }
+
   void paintFoot(QPainter& painter, int page) {
     const double y = _room.body.bottom() + kFootBelowBody;
     const QString number = _paged.plan.pageNumber(page + 1, _paged.pages);
     const double right = _room.body.right() - _text.size(number, kFootFont).width();
+    const QString foot = shortened(_paged.plan, right - kGapInFoot - _room.body.left());
     painter.setPen(palette::darkGray);
     painter.setFont(_text.font(kFootFont));
-    for (const TextMark& mark : {TextMark{_paged.plan.foot(), {_room.body.left(), y}, kFootFont},
-                                 TextMark{number, {right, y}, kFootFont}}) {
+    for (const TextMark& mark :
+         {TextMark{foot, {_room.body.left(), y}, kFootFont}, TextMark{number, {right, y}, kFootFont}}) {
       painter.drawText(mark.at + QPointF(0, _text.ascent(kFootFont)), mark.text);
       _drawn.note(mark.text, mark.font);
     }

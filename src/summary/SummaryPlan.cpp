@@ -10,7 +10,8 @@ namespace sanovia {
 namespace {
 
 const QString kToText = QStringLiteral(" – ");
-const QString kPartsJoint = QStringLiteral(" · ");
+// Lines end behind the dot.
+const QString kPartsJoint = QStringLiteral("\u00A0· ");
 const QString kUnknownText = QStringLiteral("–");
 
 QString intervalText(const QDate& from, const QDate& to, const SummaryFormat& format) {
@@ -44,10 +45,11 @@ QString wordsText(const MeasureSummary& row, const SummaryFormat& format) {
   const std::map<qint64, qint64> counts = occurrences(row.values);
   QStringList parts;
   for (auto entry = counts.rbegin(); entry != counts.rend(); ++entry)
-    parts.append(QStringLiteral("%1 %2 (%3)")
+    parts.append(QStringLiteral("%1\u00A0%2\u00A0(%3)")
                      .arg(format.value(*row.measure, static_cast<double>(entry->first)))
                      .arg(entry->second)
-                     .arg(format.percent(entry->second, row.statistics.n)));
+                     .arg(format.percent(entry->second, row.statistics.n))
+                     .replace(u' ', QChar::Nbsp));
   return parts.join(kPartsJoint);
 }
 
@@ -186,7 +188,9 @@ QString SummaryPlan::earlierTests(size_t shown) const {
   return filled(word("summary_more"), static_cast<qint64>(tests->days.size() - shown));
 }
 
-QString SummaryPlan::foot() const { return name.isEmpty() ? interval : name + kPartsJoint + interval; }
+QString SummaryPlan::foot(const QString& shownName) const {
+  return shownName.isEmpty() ? interval : shownName + kPartsJoint + interval;
+}
 
 QString SummaryPlan::pageNumber(int page, int pages) const {
   return filled(filled(word("summary_page"), page), pages);

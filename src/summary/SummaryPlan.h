@@ -71,8 +71,8 @@ struct SummaryPlan {
 
   // How many tested days are not shown when only so many are; empty for none.
   QString earlierTests(size_t shown) const;
-  // At the foot of a page, counted from 1.
-  QString foot() const;
+  // At the foot of a page: the name, as far as it has room, with the interval. Pages count from 1.
+  QString foot(const QString& shownName) const;
   QString pageNumber(int page, int pages) const;
 };
 
