@@ -12,7 +12,7 @@ namespace sanovia::benchmarks {
 namespace {
 
 constexpr quint32 kSeed = 20261115;
-constexpr double kMissing = -1;
+constexpr double kNoValue = -1;
 // Once in so many days.
 constexpr quint32 kDayWithoutRow = 25;
 constexpr quint32 kValueMissing = 20;
@@ -51,7 +51,7 @@ double step(Walk& walk, Chance& chance) {
   const double moved = walk.now + (walk.usual - walk.now) * kPull + (2 * chance.share() - 1) * walk.stride;
   walk.now = std::clamp(moved, walk.low, walk.high);
   const double told = std::round(walk.now * walk.steps) / walk.steps;
-  return chance.happens(kValueMissing) ? kMissing : told;
+  return chance.happens(kValueMissing) ? kNoValue : told;
 }
 
 template <size_t N>
@@ -72,7 +72,7 @@ std::vector<BenchmarkDay> makeDays() {
     day.date = BenchmarkDiary::lastDay().addDays(i).toString(Qt::ISODate).toStdString();
     day.rows = {valuesOf(general, chance), valuesOf(pressure, chance), valuesOf(blood, chance)};
     if (std::vector<double>& row = day.rows[1]; !row.empty())
-      row.push_back(row[0] == kMissing || row[1] == kMissing ? kMissing : row[0] - row[1]);
+      row.push_back(row[0] == kNoValue || row[1] == kNoValue ? kNoValue : row[0] - row[1]);
   }
   // An interval of the last days begins and ends with whole days, however short it is.
   days.back().rows = {{{36.6, 2, 1, 71}, {121, 79, 68, 42}, {13.2, 0.5, 18, 4.4, 6.8}}};

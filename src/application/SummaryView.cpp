@@ -27,7 +27,7 @@ SummaryView::SummaryView(QWidget* parent) : QTextEdit(parent) {
   QPalette colours = palette();
   colours.setColor(QPalette::Base, palette::white);
   colours.setColor(QPalette::Text, palette::black);
-  colours.setColor(QPalette::Highlight, palette::teal);
+  colours.setColor(QPalette::Highlight, palette::red);
   colours.setColor(QPalette::HighlightedText, palette::white);
   setPalette(colours);
 }
