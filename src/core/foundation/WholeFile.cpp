@@ -32,7 +32,7 @@ bool writeAll(QFileDevice& file, const QByteArray& bytes) {
     if (written <= 0) return false;
     done += written;
   }
-  return file.flush();
+  return file.flush() || file.flush();
 }
 
 FileError failure(const QString& name, const QString& reason) {
