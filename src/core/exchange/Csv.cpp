@@ -12,7 +12,9 @@ constexpr char kQuote = '"';
 constexpr char kComma = ',';
 
 // Beyond these it is no table.
-constexpr size_t kMostCells = 1000;
+constexpr size_t kMostCells = 1000;  // of a line
+constexpr qint64 kMostCellsInAll = 75'000'000;
+constexpr qint64 kCellsOfLine = 2;           // what a line costs besides its cells
 constexpr qsizetype kLongestCell = 100'000;  // bytes
 
 bool isLineBreak(char sign) { return sign == '\n' || sign == '\r'; }
@@ -50,6 +52,7 @@ CsvReader::CsvReader(QByteArrayView text) : _text(text), _separator(separatorOf(
 
 const CsvRow* CsvReader::next() {
   while (!atEnd() && !_fault) {
+    if (takeLineBreak()) continue;
     readRow();
     const bool isEmpty = _row.size() == 1 && _row.front().text.isEmpty();
     if (!_fault && !isEmpty) return &_row;
@@ -72,6 +75,8 @@ void CsvReader::readRow() {
     if (_place - from > kLongestCell)
       fail(line, number, filled(word("fault_long_cell"), static_cast<qint64>(kLongestCell)));
   } while (!_fault && take(_separator));
+  _cells += std::ssize(_row) + kCellsOfLine;
+  if (_cells > kMostCellsInAll) fail(_line, 0, filled(word("fault_cells_in_all"), kMostCellsInAll));
   takeLineBreak();
 }
 

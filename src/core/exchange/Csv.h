@@ -62,6 +62,7 @@ class CsvReader {
   CsvRow _row;
   qsizetype _place = 0;
   qint64 _line = 1;
+  qint64 _cells = 0;
   std::optional<CsvFault> _fault;
 };
 

@@ -8,8 +8,8 @@
 
 namespace sanovia {
 
-// The text without its mark; nothing when it is none in any of these. UTF-16 and Windows-1252 are taken up to
-// 64 MiB.
-std::optional<QByteArray> utf8Of(QByteArray bytes);
+// The text without its mark, which may be the very bytes: they must outlive it. Nothing when it is none in
+// any of these. UTF-16 and Windows-1252 are taken up to 64 MiB.
+std::optional<QByteArray> utf8Of(const QByteArray& bytes);
 
 }  // namespace sanovia
