@@ -24,6 +24,8 @@ constexpr qsizetype kUsualLine = 96;
 // Four hundred years.
 constexpr size_t kMostDays = 150'000;
 constexpr size_t kMostFaults = 100;
+// As many dates that may be read in two ways leave no hope for one that may not.
+constexpr int kMostDoubtful = 1'000'000;
 
 using Role = FileColumn::Role;
 
@@ -125,6 +127,7 @@ class DayParser {
   DateOrder findOrder() {
     bool dayFirst = true;
     bool monthFirst = true;
+    int doubtful = 0;
     ParseFault doubt{0, kExchangeDate, {}, Choice::DateOrder};
     CsvReader reader(_text);
     reader.next();
@@ -139,6 +142,7 @@ class DayParser {
       }
       dayFirst = dayFirst && date->dayFirst.isValid();
       monthFirst = monthFirst && date->monthFirst.isValid();
+      if (dayFirst != monthFirst || ++doubtful == kMostDoubtful) break;
     }
     if (dayFirst && monthFirst) end(doubt);
     return dayFirst ? DateOrder::DayMonthYear : DateOrder::MonthDayYear;
