@@ -208,7 +208,15 @@ TEST_F(Exchange, TellsWhatIsWrongWithTheDiary) {
     EXPECT_EQ(import(csv, {.patience = 30}), path + u": database is locked"_s);
     EXPECT_EQ(errorOf(exportDiary(out, {.patience = 30})), path + u": database is locked"_s);
   }
-  writeBytes(path, QByteArray(100, 'x') + bytesOf(path).sliced(100));
+  // Half of a diary is none: what cannot be read to its end is not exported.
+  execute(
+      u"INSERT INTO general (gdate) WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < "
+      u"900) "
+      "SELECT date('2020-01-01', i || ' days') FROM n"_s);
+  const QByteArray whole = bytesOf(path);
+  writeBytes(path, whole.first(whole.size() - 4096) + QByteArray(4096, 'x'));
+  EXPECT_EQ(errorOf(exportDiary(out)), path + u": database disk image is malformed"_s);
+  writeBytes(path, QByteArray(100, 'x') + whole.sliced(100));
   EXPECT_EQ(import(csv), path + u": file is not a database"_s);
   EXPECT_EQ(errorOf(exportDiary(out)), path + u": file is not a database"_s);
   EXPECT_EQ(bytesOf(out), "kept") << "the old file stays when an export fails";
