@@ -79,11 +79,14 @@ TEST_F(SecondStart, TakesNeitherAnotherDiarysProgramNorAKilledOneForItsOwn) {
 TEST_F(SecondStart, AProgramThatIsSignalledStoresWhatTheNextRunNeedsAndEndsWell) {
   for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
     QFile::remove(Paths::settingsFile());
+    QDir().mkpath(Paths::dataFolder());
+    QFile::setPermissions(Paths::dataFolder(), QFileDevice::Permissions(0x7755));
     Program program(dataFolder());
     ASSERT_TRUE(listens(1));
     ::kill(static_cast<pid_t>(program.processId()), signal);
     EXPECT_TRUE(program.ends()) << signal;
     EXPECT_TRUE(bytesOf(Paths::settingsFile()).contains("SanoviaWindow")) << signal;
+    EXPECT_EQ(int(QFileInfo(Paths::dataFolder()).permissions()) & 0x7077, 0x7000);
   }
 }
 

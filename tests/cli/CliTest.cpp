@@ -212,7 +212,9 @@ TEST_F(Cli, KeepsAndBringsBackCopies) {
   const QJsonDocument found = QJsonDocument::fromJson(check.readAllStandardOutput());
   EXPECT_EQ(found[u"findings"_s], QJsonArray{u"pressure: 2026-01-03 has 2 rows"_s});
   EXPECT_FALSE(found[u"whole"_s].toBool(true));
+  const qsizetype copies = told({u"restore"_s, u"--list"_s}).array().size();
   EXPECT_TRUE(run({u"check"_s, u"--repair"_s}).startsWith(u"Merged 1 day "_s));
+  EXPECT_EQ(told({u"restore"_s, u"--list"_s}).array().size(), copies + 1);
   EXPECT_EQ(query(u"SELECT pulse FROM pressure"_s), texts({"60", "70"}));
 }
 

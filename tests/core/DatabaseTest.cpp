@@ -127,6 +127,9 @@ TEST_F(Database, WhatIsNoDiaryIsReplacedByAWholeOne) {
     // While the program runs, the next write makes it; at a start it is there at once.
     add();
     harm();
+    const bool isThere = QFile::exists(Paths::databaseFile());
+    EXPECT_EQ(manager().countOfRowsInTable(kTable), 0);
+    EXPECT_EQ(QFile::exists(Paths::databaseFile()), isThere) << "reading makes none";
     writeBytes(Paths::databaseFile() + u"-journal"_s, journal);
     EXPECT_EQ(add(), 1);
     harm();

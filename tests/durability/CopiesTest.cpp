@@ -75,6 +75,12 @@ TEST_F(Copies, AreMadeOnceADayWhenSomethingHasChanged) {
   makeDailyCopy();
   setrlimit(RLIMIT_FSIZE, &before);
   EXPECT_EQ(names(), texts({"Sanovia-2026-11-15.db", "Sanovia-2026-11-16.db"}));
+  for (int day = 17; day < 30; ++day) {
+    setNow(u"2026-11-%1T08:00:00"_s.arg(day));
+    addPressure(u"2026-11-12"_s, day);
+    makeDailyCopy();
+  }
+  EXPECT_EQ(std::pair(names().size(), names().first()), std::pair(qsizetype(10), u"Sanovia-2026-11-20.db"_s));
 }
 
 TEST_F(Copies, StayTenAndOneForEachOfTwelveMonths) {
@@ -104,6 +110,7 @@ TEST_F(Copies, ComeBackWholeAfterThePresentDiaryIsKept) {
   const QString copy = copyElsewhere();
   execute(u"DELETE FROM pressure WHERE systolic = 121"_s);
   addPressure(u"2026-11-03"_s, 150);
+  makeDailyCopy();
   const auto preview = std::get<RestorePreview>(previewRestore(copy));
   EXPECT_EQ(
       (QList{preview.daysNow, preview.daysThen, preview.onlyNow, preview.onlyThen, preview.missingValues}),
@@ -111,6 +118,7 @@ TEST_F(Copies, ComeBackWholeAfterThePresentDiaryIsKept) {
   const auto report = std::get<RestoreReport>(restoreWhole(copy));
   EXPECT_EQ(pressures(), texts({"2026-11-01 120 -1 -1", "2026-11-02 121 -1 -1"}));
   EXPECT_EQ(nameOf(report.kept), u"Sanovia-2026-11-15-120000.db"_s);
+  EXPECT_FALSE(copyOf({2026, 11, 15})->isKept) << "a day's own comes first";
   EXPECT_FALSE(isRefused(restoreWhole(report.kept)));
   EXPECT_EQ(pressures(), texts({"2026-11-01 120 -1 -1", "2026-11-03 150 -1 -1"}));
 }
@@ -158,6 +166,8 @@ TEST_F(Copies, ADamagedDiaryIsKeptByteByByteAndReplaced) {
        {noise(5, 9000), QByteArray(bytesOf(copy).replace(4096, 9000, noise(6, 9000)))}) {
     writeBytes(Paths::databaseFile(), harm);
     EXPECT_TRUE(isDiaryDamaged());
+    makeDailyCopy();
+    EXPECT_TRUE(names().filter(u"15.db"_s).isEmpty()) << "no copy of what is damaged";
     EXPECT_EQ(bytesOf(Paths::databaseFile()), harm);
     const auto report = std::get<RestoreReport>(restoreWhole(copy));
     EXPECT_EQ(bytesOf(report.kept), harm);

@@ -1,9 +1,13 @@
 // A value that the panel has shown is in the file, or comes there by itself when the obstacle is gone, and no
 // other day is touched: what other hands and a full disk do beside the open window, judged through a second
 // connection.
+#include <QGuiApplication>
+
 #include <csignal>
 #include <sys/resource.h>
+#include <thread>
 
+#include "application/Ending.h"
 #include "core/diary/DayEntries.h"
 #include "core/foundation/Paths.h"
 #include "support/LaunchedHome.h"
@@ -158,6 +162,34 @@ TEST_F(Obstacle, WhatIsPendingOutlivesListsThatCannotBeRead) {
   }
 }
 
+TEST_F(Obstacle, EveryEndStoresWhatIsPending) {
+  launch();
+  openPanel();
+  {
+    Ending ending;
+    ending.setStoring([this] { delegate->storeForNextRun(); });
+    {
+      const FullDisk full;
+      plus(kTemperaturePlus);
+    }
+    // The end of the desk's session, which hands over a manager that nobody asks anything.
+    QObject manager;
+    emit qGuiApp->commitDataRequest(reinterpret_cast<QSessionManager&>(manager));
+    EXPECT_EQ(general(), texts({"2026-11-15 36.6 -1 -1.0"}));
+  }
+  // Quitting has more patience than a press.
+  OtherProcess other;
+  other.query(u"BEGIN IMMEDIATE"_s);
+  plus(kTemperaturePlus);
+  std::thread release([&other] {
+    std::this_thread::sleep_for(std::chrono::milliseconds(2500));
+    other.query(u"COMMIT"_s);
+  });
+  quit();
+  release.join();
+  EXPECT_EQ(general(), texts({"2026-11-15 36.7 -1 -1.0"}));
+}
+
 TEST_F(Obstacle, ADiaryThatIsGoneIsMadeAnewWhole) {
   launch();
   openPanel();
@@ -194,8 +226,19 @@ TEST_F(Obstacle, TheWindowSeesOtherHandsAndKeepsWhatItCannotRead) {
   writeBytes(Paths::databaseFile(), before);
   activate();
   EXPECT_EQ(panel().stringOfData(1), u"38.0"_s);
+  // A value that is stored here hides no other hand that came before it.
+  execute(u"INSERT INTO general (gdate, temperature) VALUES ('2026-11-14', 37.2)"_s);
   plus(kAppetitePlus);
-  EXPECT_EQ(query(u"SELECT temperature||' '||appetite FROM general"_s), texts({"38.0 1"}));
+  EXPECT_EQ(query(u"SELECT temperature||' '||appetite FROM general"_s).first(), u"38.0 1"_s);
+  activate();
+  EXPECT_EQ(cell(1, 2), u"37.2"_s);
+  shutPanel();
+  ui().bnCharts->click();
+  ui().chartsView->selectDay(15);
+  execute(u"UPDATE general SET temperature = 36.1"_s);
+  QTest::keyClick(ui().chartsView, Qt::Key_Return);
+  ASSERT_TRUE(waitForPanel(true));
+  EXPECT_EQ(panel().stringOfData(1), u"36.1"_s) << "seen from the charts, too";
 }
 
 }  // namespace
