@@ -15,6 +15,7 @@
 #include "core/localisation/Language.h"
 #include "drawing/Fonts.h"
 #include "drawing/Palette.h"
+#include "ui/controls/Announcement.h"
 #include "ui/controls/ColoredView.h"
 #include "ui/controls/HouseStyle.h"
 #include "ui/controls/Scroller.h"
@@ -41,7 +42,8 @@ PaperWindow::PaperWindow(const Words& words)
       _band(new ColoredView(this)),
       _firstRow(new QHBoxLayout),
       _find(new QLineEdit(this)),
-      _line(new QLabel(this)) {
+      _line(new QLabel(this)),
+      _announcement(new Announcement(this)) {
   setWindowIcon(QIcon(QStringLiteral(":/images/Sanovia.svg")));
   resize(withinScreen(*this, kPaperWindowSize));
   layOutBand();
@@ -172,6 +174,7 @@ void PaperWindow::comeToFront() {
 void PaperWindow::say(const QString& text) {
   _line->setText(text);
   _line->setVisible(!text.isEmpty());
+  if (!text.isEmpty()) _announcement->say(text);
 }
 
 void PaperWindow::find(bool forward) {

@@ -14,6 +14,8 @@ class QScrollArea;
 
 namespace sanovia {
 
+class Announcement;
+
 // What the band asks of the view below it.
 class PaperView {
  public:
@@ -100,6 +102,7 @@ class PaperWindow : public QWidget {
   QPushButton* _copy;
   QLineEdit* _find;
   QLabel* _line;
+  Announcement* _announcement;
 };
 
 }  // namespace sanovia

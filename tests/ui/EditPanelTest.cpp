@@ -13,6 +13,7 @@
 #include "support/ArtificialMeasure.h"
 #include "support/TestHome.h"
 #include "ui/charts/Property.h"
+#include "ui/controls/Announcement.h"
 #include "ui/controls/StepButton.h"
 #include "ui/controls/WhiteSlider.h"
 #include "ui/entry/ClearMark.h"
@@ -272,6 +273,9 @@ TEST_F(EditPanel, SpeaksToAScreenReader) {
       ->doAction(QAccessibleActionInterface::pressAction());
   EXPECT_EQ(query(u"SELECT systolic FROM pressure"_s), texts({"132"}));
   EXPECT_EQ(panel.buttonOf(601)->accessibleDescription(), u"132"_s) << "to whoever is on the button";
+  auto* announcement = panel.findChild<Announcement*>();
+  EXPECT_EQ(nameOf(announcement), u"132"_s) << "at once";
+  EXPECT_EQ(QAccessible::queryAccessibleInterface(announcement)->role(), QAccessible::Notification);
 
   show(RecordType::general);
   for (const int tag : {601, 602}) panel.buttonPressed(tag);

@@ -105,6 +105,13 @@ void DayTableAccessible::install() {
   Q_UNUSED(installed)
 }
 
+void DayTableAccessible::tellFocus(MyTableView& table) {
+  QAccessibleInterface* cell = QAccessible::queryAccessibleInterface(&table)->focusChild();
+  if (cell == nullptr) return;
+  QAccessibleEvent event(cell, QAccessible::Focus);
+  QAccessible::updateAccessibility(&event);
+}
+
 MyTableView& DayTableAccessible::table() const { return *static_cast<MyTableView*>(widget()); }
 
 void DayTableAccessible::forgetCells() {

@@ -15,6 +15,10 @@ class DayTableAccessible : public QAccessibleWidget, public QAccessibleTableInte
   explicit DayTableAccessible(MyTableView* table);
   ~DayTableAccessible() override;
 
+  // Says that the current cell has the keyboard. The toolkit says so when another cell becomes the current
+  // one, which the first row is already before it is selected.
+  static void tellFocus(MyTableView& table);
+
   // Makes this interface the one of all tables of days.
   static void install();
 

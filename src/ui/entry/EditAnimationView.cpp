@@ -16,6 +16,7 @@
 #include "core/measures/ValueText.h"
 #include "core/preferences/Preferences.h"
 #include "drawing/Palette.h"
+#include "ui/controls/Announcement.h"
 #include "ui/controls/Scroller.h"
 #include "ui/controls/StepButton.h"
 #include "ui/controls/WhiteSlider.h"
@@ -45,7 +46,9 @@ Button* makeButton(QWidget* parent, const QString& stem) {
 }  // namespace
 
 EditAnimationView::EditAnimationView(QWidget* parent)
-    : AnimationView(parent), _scroller(new QScrollBar(Qt::Vertical, this)) {
+    : AnimationView(parent),
+      _scroller(new QScrollBar(Qt::Vertical, this)),
+      _announcement(new Announcement(this)) {
   dressScroller(_scroller, palette::white);
   connect(_scroller, &QScrollBar::valueChanged, this, [this] {
     layoutControls();
@@ -195,9 +198,10 @@ void EditAnimationView::buttonPressed(int tag) {
   if (isEmpty(_data)) return;
   const int number = tag - _btnID;
   const bool isPlus = number < kMinusOffset;
-  const Measure* measure = measureOf(isPlus ? number : number - kMinusOffset);
-  if (measure != nullptr) enterStep(*measure, _data, isPlus);
+  const int column = isPlus ? number : number - kMinusOffset;
+  if (const Measure* measure = measureOf(column)) enterStep(*measure, _data, isPlus);
   changed();
+  _announcement->say(stringOfData(column));
 }
 
 void EditAnimationView::buttonClose() { animate(); }

@@ -18,6 +18,7 @@ class QScrollBar;
 
 namespace sanovia {
 
+class Announcement;
 class BaseColoredButton;
 class ClearMark;
 class NumberField;
@@ -132,6 +133,7 @@ class EditAnimationView : public AnimationView, public DayEditor {
   QVector<BaseColoredButton*> _buttons;
   BaseColoredButton* _closeButton;
   QScrollBar* _scroller;
+  Announcement* _announcement;
   QVector<ClearMark*> _clearMarks;  // by column, null where there is none
   NumberField* _numberField = nullptr;
   QLabel* _typedHint = nullptr;

@@ -124,6 +124,7 @@ void MyTableView::scrollContentsBy(int dx, int dy) {
 void MyTableView::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
   QTableView::selectionChanged(selected, deselected);
   viewport()->update();
+  if (hasFocus() && deselected.isEmpty() && !selected.isEmpty()) DayTableAccessible::tellFocus(*this);
 }
 
 std::optional<int> MyTableView::firstRowFor(int key) const {
