@@ -22,7 +22,8 @@ QByteArray HealthSummary::pdf() { return summaryPdf(paged(), _paper, Clock::now(
 
 QByteArray HealthSummary::html() {
   const PagedSummary& pages = paged();
-  return summaryHtml(onScreen(kScreenScale), pages.plan.title + u' ' + pages.plan.interval);
+  return summaryHtml(onScreen(kScreenScale), pages.plan.title + u' ' + pages.plan.interval,
+                     width() * kScreenScale);
 }
 
 BuiltSummary HealthSummary::onScreen(double scale) {

@@ -5,7 +5,8 @@
 
 namespace sanovia {
 
-QByteArray summaryHtml(const BuiltSummary& built, const QString& title);
+// The width of the text is in pixels.
+QByteArray summaryHtml(const BuiltSummary& built, const QString& title, double width);
 
 // HTML of the document, or of a part of it, with the charts that it names put in.
 QString withDrawings(QString html, const SummaryObjects& objects);

@@ -34,9 +34,9 @@ TEST(Statistics, HoldAtTheirEdges) {
   const QDate day(2026, 1, 30);
   const Statistics one = *statisticsOf(valuesOf(day, {36.6}));
   EXPECT_TRUE(one.n == 1 && one.mean == 36.6 && !one.sd && one.median == 36.6 && one.least == one.greatest);
-  // Plain sums of these are off by a bit.
-  const Statistics equal = *statisticsOf(valuesOf(day, {36.6, 36.6, 36.6}));
-  EXPECT_TRUE(equal.mean == 36.6 && equal.sd == 0.0 && equal.greatest.day == day);
+  // The plain sum of these is off by a bit.
+  const Statistics equal = *statisticsOf(valuesOf(day, {.1, .1, .1, .1, .1, .1, .1, .1, .1, .1}));
+  EXPECT_TRUE(equal.mean == .1 && equal.sd == 0.0 && equal.greatest.day == day);
   const Statistics even = *statisticsOf(valuesOf(day, {4, 1, 3, 4, 1, 2}));
   EXPECT_TRUE(even.median == 2.5 && even.mean == 2.5);
   EXPECT_TRUE(even.least.day == day.addDays(1) && even.greatest.day == day) << "the oldest of several";

@@ -144,6 +144,61 @@ TEST_F(SummaryPaper, TakesTwoPagesAtMostAndPartsNoMeasure) {
     }
 }
 
+TEST_F(SummaryPaper, TellsEachMeasureInTheUnitsInForce) {
+  writeBytes(file(u"a.csv"_s),
+             "date,temperature,wellbeing,weight,systolic,hemoglobin,crp\n2026-11-19,36,,70,120,,\n"
+             "2026-11-20,36.1,,70,120,,\n2026-11-21,37.5,3,72,108,11.9,\n2026-11-22,36.9,0,71,150,14,1.1\n");
+  EXPECT_TRUE(std::holds_alternative<ExchangeReport>(importDiary(file(u"a.csv"_s), {})));
+  setUp(u"en_US"_s, "US");
+  const IntervalSummary numbers = readSummary(kEnd.addDays(-1), kEnd, summaryPersonOfPreferences());
+  const SummaryPlan plan = summaryPlan(numbers, {500, 40}, kEnd, _text);
+  const auto textsOf = [](const MeasureRow& row) {
+    return QStringList{row.days,         row.mean,       row.least.value, row.least.day, row.greatest.value,
+                       row.greatest.day, row.last.value, row.last.day,    row.norm,      row.share,
+                       row.outside,      row.change,     row.words}
+        .replaceInStrings(QString(QChar::Nbsp), u" "_s);
+  };
+  const std::vector<MeasureRow>& general = plan.sections[0].rows;
+  EXPECT_EQ(textsOf(general[0]), texts({"2", "98.96 ± 0.76", "98.4", "22 Nov 2026", "99.5", "21 Nov 2026",
+                                        "98.4", "22 Nov 2026", "97.3–99.1", "50%", "H 1", "+2.07", ""}));
+  EXPECT_EQ(textsOf(general[1]).last(), u"Very good 1 (50%) · Poor 1 (50%)"_s) << "from the best";
+  EXPECT_EQ(textsOf(general[2]), texts({"2", "157.63 ± 1.56", "156.5", "22 Nov 2026", "158.7", "21 Nov 2026",
+                                        "156.5", "22 Nov 2026", "117.9–159.3", "100%", "", "+3.31", ""}));
+  const MeasureRow& systolic = plan.sections[1].rows[0];
+  EXPECT_EQ(textsOf(systolic), texts({"2", "129.0 ± 29.7", "108", "21 Nov 2026", "150", "22 Nov 2026", "150",
+                                      "22 Nov 2026", "110–140", "0%", "L 1 · H 1", "+9.0", ""}));
+  EXPECT_EQ(systolic.bar->below->right(), systolic.bar->frame.center().x());
+  EXPECT_EQ(systolic.bar->above->width(), systolic.bar->frame.width() / 2);
+  EXPECT_FALSE(general[0].bar->below || general[2].bar->above);
+  const SmallChart& chart = systolic.chart;
+  EXPECT_TRUE(chart.norm->top() > chart.plot.top() && chart.norm->bottom() < chart.plot.bottom() &&
+              chart.norm->height() > chart.plot.height() / 2);
+  EXPECT_TRUE(chart.points[0].isOut && chart.points[1].isOut && !general[2].chart.points[0].isOut);
+  EXPECT_TRUE(chart.points[0].at.y() > chart.norm->bottom() && chart.points[1].at.y() < chart.norm->top());
+  EXPECT_EQ(plan.tests->days, (std::vector<QStringList>{texts({"22 Nov 2026", "14.0", "1.1 H"}),
+                                                        texts({"21 Nov 2026", "11.9 L", ""})}));
+  EXPECT_TRUE(plan.legend.join(u' ').contains(u"19 Nov 2026 – 20 Nov 2026"_s));
+}
+
+TEST_F(SummaryPaper, UsesTheRoomOfItsPagesAndNamesEachOfThem) {
+  fill(30);
+  const PageRoom room{QPageSize(QPageSize::A4)};
+  IntervalSummary numbers = readSummary(kEnd.addDays(-29), kEnd, summaryPersonOfPreferences());
+  const QByteArray pdf = lastDays(30).pdf();
+  for (const char* page : {"1", "2"}) {
+    writeBytes(file(u"a.pdf"_s), pdf);
+    const QString number = QString::fromLatin1(page);
+    const QString text = output(u"pdftotext"_s, {u"-f"_s, number, u"-l"_s, number, file(u"a.pdf"_s), u"-"_s});
+    EXPECT_TRUE(text.contains(u"Анна Müller 王 · 24 Oct 2026 – 22 Nov 2026"_s)) << page;
+    EXPECT_TRUE(text.contains(u"Page %1 of 2"_s.arg(number)));
+  }
+  numbers.measures.resize(5);
+  const PagedSummary one = pagedSummary(numbers, room, kEnd, _text);
+  EXPECT_TRUE(one.pages == 1 && one.plan.form.chartHeight > 60 && one.layout.remarkLines >= 5);
+  Preferences::store(QString(150, u'W'), 1.7F, Preferences::metric(), at("1970-05-03T00:00:00"));
+  EXPECT_TRUE(pdfText(lastDays(1).pdf()).contains(u"WWW…·22Nov2026Page1of"_s)) << "a name is cut to its room";
+}
+
 TEST_F(SummaryPaper, IsFoundAsTypedInFiveLanguages) {
   fill(40);
   struct Words {
