@@ -43,7 +43,7 @@ enum Column : int {
   kColumns
 };
 // Percentages of the width.
-constexpr std::array<double, kColumns> kColumnShares{15.5, 4.5, 14, 11, 11, 11, 9.5, 15.5, 8};
+constexpr std::array<double, kColumns> kColumnShares{16.5, 4.5, 13.5, 11, 11, 11, 9.5, 15.5, 7.5};
 
 // Of the measures in the table of tested days.
 constexpr double kTestShares = 80;

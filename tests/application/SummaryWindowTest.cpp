@@ -134,6 +134,9 @@ TEST_F(SummaryInWindow, IsSavedAsItIsShownAndTellsWhatFailed) {
   window().printButton()->click();
   ASSERT_EQ(questions.size(), 4);
   EXPECT_TRUE(questions[0] == u"Save Summary…|Summary|pdf"_s && questions[3] == u"printer"_s);
+  answeredPrinter = {.outputFile = file(u"printed.pdf"_s)};
+  window().printButton()->click();
+  EXPECT_EQ(bytesOf(answeredPrinter.outputFile), view().summary()->pdf());
   execute(u"UPDATE pressure SET systolic = 199 WHERE pdate = '2026-11-13'"_s);
   QEvent activation(QEvent::WindowActivate);
   QCoreApplication::sendEvent(&window(), &activation);
