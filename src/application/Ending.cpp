@@ -7,7 +7,6 @@
 #include <array>
 #include <cerrno>
 #include <csignal>
-#include <cstdlib>
 #include <fcntl.h>
 #include <unistd.h>
 #include <utility>
@@ -44,10 +43,13 @@ void handle(int number, void (*handler)(int)) {
   sigaction(number, &wanted, nullptr);
 }
 
-// The toolkit ends the process on the spot when its display has gone.
-void storeAtExit() {
-  if (const auto store = std::exchange(storing(), {})) store();
-}
+// The toolkit ends the process on the spot when its display has gone. What lives as long as a thread goes
+// before all that lives as long as the process, such as what is pending.
+struct StoringAtExit {
+  ~StoringAtExit() {
+    if (const auto store = std::exchange(storing(), {})) store();
+  }
+};
 
 }  // namespace
 
@@ -67,7 +69,7 @@ Ending::Ending() {
 
 void Ending::setStoring(std::function<void()> store) {
   storing() = std::move(store);
-  std::atexit(storeAtExit);
+  static thread_local const StoringAtExit atExit;
 }
 
 Ending::~Ending() {

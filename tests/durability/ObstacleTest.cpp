@@ -2,6 +2,7 @@
 // other day is touched: what other hands and a full disk do beside the open window, judged through a second
 // connection.
 #include <QGuiApplication>
+#include <QScopeGuard>
 
 #include <csignal>
 #include <sys/resource.h>
@@ -188,6 +189,30 @@ TEST_F(Obstacle, EveryEndStoresWhatIsPending) {
   quit();
   release.join();
   EXPECT_EQ(general(), texts({"2026-11-15 36.7 -1 -1.0"}));
+}
+
+// The toolkit ends the process on the spot when its display has gone.
+TEST_F(Obstacle, AProcessThatExitsStoresWhatIsPending) {
+  const auto end = [] {
+    Ending ending;
+    static bool isWhole = true;
+    ending.setStoring([] {
+      if (isWhole) DayEntries::shared().storePending(DayEntries::kLastPatience);
+    });
+    // What the process makes after its start, such as what is pending, must still be there.
+    static const auto late = qScopeGuard([] { isWhole = false; });
+    const auto record = std::make_shared<General>(kToday);
+    DayEntries::shared().open(record);
+    record->temperature = 36.6;
+    {
+      const FullDisk full;
+      DayEntries::shared().store(record);
+    }
+    std::exit(1);
+  };
+  EXPECT_EXIT(
+      end(), [](int status) { return WIFEXITED(status); }, "");
+  EXPECT_EQ(general(), texts({"2026-11-15 36.6 -1 -1.0"}));
 }
 
 TEST_F(Obstacle, ADiaryThatIsGoneIsMadeAnewWhole) {
