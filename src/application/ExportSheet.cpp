@@ -30,10 +30,10 @@ ExportSheet::ExportSheet(QWidget* window)
   form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
   _format->addItems({word("export_csv"), word("export_fhir")});
   _format->setAccessibleName(word("export_format"));
-  form->addRow(makeTitle(word("export_format")), _format);
+  form->addRow(makeTitle(word("export_format"), _format), _format);
   _days->addItems({word("export_everything"), word("export_interval")});
   _days->setAccessibleName(word("export_days"));
-  form->addRow(makeTitle(word("export_days")), _days);
+  form->addRow(makeTitle(word("export_days"), _days), _days);
   form->addRow(_person);
   fields()->addLayout(form);
   auto* cancel = new QPushButton(word("Cancel"), this);

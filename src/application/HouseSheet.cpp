@@ -39,9 +39,11 @@ void HouseSheet::setHeading(const QString& text) {
   _heading->setText(text);
 }
 
-QLabel* HouseSheet::makeTitle(const QString& text) {
-  auto* title = new QLabel(text, this);
+// A box is called by what it holds unless a label names it, and such a label would take a single & for a key.
+QLabel* HouseSheet::makeTitle(const QString& text, QWidget* field) {
+  auto* title = new QLabel(QString(text).replace(QLatin1Char('&'), QStringLiteral("&&")), this);
   title->setTextFormat(Qt::PlainText);
+  title->setBuddy(field);
   title->setStyleSheet(QStringLiteral("color: ") + palette::red.name());
   return title;
 }

@@ -20,8 +20,8 @@ class HouseSheet : public QDialog {
   void setHeading(const QString& text);
   // What the sheet asks is laid out here, from above.
   QVBoxLayout* fields() const { return _fields; }
-  // The words beside or above a field.
-  QLabel* makeTitle(const QString& text = {});
+  // The words beside or above a field, by which a screen reader calls it.
+  QLabel* makeTitle(const QString& text, QWidget* field);
   // At the lower edge, to the right; Return presses the last one. To be called when the fields are all there:
   // they get the program's look here.
   void finish(const QList<QPushButton*>& buttons);

@@ -98,7 +98,7 @@ QComboBox* ImportSheet::addChoice(QGridLayout* choices, const char* title,
   box->setAccessibleName(word(title));
   const int number = choices->count() / 2;
   const int row = number / 2 * 2;
-  choices->addWidget(makeTitle(word(title)), row, number % 2);
+  choices->addWidget(makeTitle(word(title), box), row, number % 2);
   choices->addWidget(box, row + 1, number % 2);
   choices->setColumnStretch(number % 2, 1);
   connect(box, &QComboBox::activated, this, &ImportSheet::look);
@@ -122,7 +122,7 @@ void ImportSheet::addColumns(QVBoxLayout* rows) {
     box->addItems(words);
     box->setCurrentIndex(static_cast<int>(rowOfMeaning(list, column)));
     box->setAccessibleName(name);
-    form->addRow(makeTitle(cut(name, fonts::system(kTextPixels), Qt::ElideRight, kLongestHeading)), box);
+    form->addRow(makeTitle(cut(name, fonts::system(kTextPixels), Qt::ElideRight, kLongestHeading), box), box);
     connect(box, &QComboBox::activated, this, &ImportSheet::look);
     _columns.append(box);
   }
@@ -241,6 +241,8 @@ void ImportSheet::tellDone(const ImportPreview& done) {
   const bool isKept = !_kept.isEmpty();
   tell(isKept ? days + QLatin1Char('\n') + filled(word("import_kept"), QFileInfo(_kept).fileName()) : days,
        true);
+  _lines->clear();
+  _days->setRowCount(0);  // a screen reader finds the rows of a table that is hidden
   for (QWidget* gone : std::initializer_list<QWidget*>{_asked, _lines, _days, _import}) gone->hide();
   _back->setVisible(isKept);
   _cancel->setText(word("Close"));

@@ -1,4 +1,5 @@
 // Files in and out of the window: what the sheets show, ask and do.
+#include <QAccessible>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
@@ -71,6 +72,8 @@ TEST_F(ExchangeSheets, AnImportAsksWhatTheFileLeavesOpenAndShowsWhatItDid) {
             texts({"2026-11-10 36.6", "2026-11-12 38.0"}));
   EXPECT_EQ(std::pair(cell(3, 1), cell(3, 2)), std::pair(u"11/12/2026"_s, u"100.4"_s)) << "the table has it";
 
+  for (auto* box : import.findChildren<QComboBox*>())
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(box)->relations(QAccessible::Label).size(), 1);
   auto& second = importing("Date,Sleep,Temperature\n2026-11-12,1,37\n");
   choose(second.columnBoxes().at(1), second.columnBoxes().at(1)->findText(u"Well-being"_s));
   EXPECT_TRUE(second.tellsLabel()->text().startsWith(u"New days: 0. Changed: 1."_s));

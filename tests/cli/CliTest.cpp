@@ -178,6 +178,8 @@ TEST_F(Cli, IsAFilterBetweenOtherPrograms) {
         << target;
   EXPECT_EQ(shell(u"CLI export - >> '%1'"_s.arg(Paths::databaseFile())),
             u"standard output: is the diary itself, which nothing may replace\n"_s);
+  EXPECT_TRUE(shell(u"CLI backup - | CLI restore -"_s).startsWith(u"Restored 1 day from -."_s));
+  EXPECT_EQ(shell(u"echo nonsense | CLI restore -"_s), u"standard input: file is not a database\n"_s);
   EXPECT_EQ(shell(u"yes 2026-01-02,1 | CLI import -"_s), u"standard input: is larger than 256 MiB\n"_s);
   EXPECT_TRUE(shell(u"CLI stats --from=0001-01-01 --to=2026-01-02 --json > '%1'"_s.arg(file(u"out"_s)))
                   .endsWith(u"an interval has at most 36525 days; this one starts on 1926-01-03\n"_s));

@@ -248,6 +248,9 @@ TEST_F(Exchange, TakesTheFilesOfOtherProgramsForWhatTheyAre) {
   EXPECT_EQ(csv("us.csv", {.units = UnitSystem::Us}),
             "2026-11-01,36.55555555555555,,,81.6466266,128,81,,47,,,,,|"
             "2026-11-02,36.99999999999999,,,81.37447117800001,131,84,,47,,,,,|");
+  const auto byClock =
+      parseDays("Date,Pulse\n21.11.2026 8:05 pm,60\n21.11.2026 9:00 am,61\n", {.several = Several::First});
+  EXPECT_EQ(byClock.days.front().values[*exchangePlace(u"pulse")], 61) << "half a day later";
   for (const auto& [dates, order, first] :
        {std::tuple("01/02/2026 8:05 PM,60\n13/02/2026,61", std::optional<DateOrder>(), "2026-02-01"),
         {"01/02/2026,60\n02/13/2026,61", std::nullopt, "2026-01-02"},

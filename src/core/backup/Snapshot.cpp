@@ -80,16 +80,36 @@ QStringList diaryTables() {
 }
 
 SnapshotResult Snapshot::of(const QString& file, int patience) {
+  if (file == kStandardStream) return ofStandardInput();
   const QFileInfo info(file);
   if (!info.exists()) return SnapshotError{file + QStringLiteral(": no such file")};
   if (!info.isFile()) return SnapshotError{file + QStringLiteral(": is no regular file")};
   if (info.size() == 0) return SnapshotError{file + QStringLiteral(": is empty")};
   if (info.size() > kLargestDiary) return SnapshotError{file + QStringLiteral(": is too large for a diary")};
   Connection source(file, patience);
+  return ofAll(source, file);
+}
+
+SnapshotResult Snapshot::ofStandardInput() {
+  const QString name = QStringLiteral("standard input");
+  auto read = readWhole(kStandardStream, kLargestDiary);
+  if (const auto* error = std::get_if<FileError>(&read)) return SnapshotError{*error};
+  auto& bytes = std::get<QByteArray>(read);
+  if (bytes.isEmpty()) return SnapshotError{name + QStringLiteral(": is empty")};
+  Connection source(kInMemory, 0, Connection::Access::Making);
+  auto* data = reinterpret_cast<unsigned char*>(bytes.data());  // it outlives the connection
+  if (!source.accept(sqlite3_deserialize(source.handle(), "main", data, bytes.size(), bytes.size(),
+                                         SQLITE_DESERIALIZE_READONLY),
+                     "open"))
+    return SnapshotError{name + QStringLiteral(": ") + source.reason()};
+  return ofAll(source, name);
+}
+
+SnapshotResult Snapshot::ofAll(Connection& source, const QString& file) {
   auto memory = std::make_unique<Connection>(kInMemory, 0, Connection::Access::Making);
   // A question of the source first, so that its own words tell what is wrong with it.
   if (!source.run("SELECT COUNT(*) FROM sqlite_master"))
-    return SnapshotError{{source.error()}, source.isLockedOut()};
+    return SnapshotError{{file + QStringLiteral(": ") + source.reason()}, source.isLockedOut()};
   if (!copyAll(source, *memory))
     return SnapshotError{{file + QStringLiteral(": ") + memory->reason()}, memory->isLockedOut()};
   return Snapshot(std::move(memory));

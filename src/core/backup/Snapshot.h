@@ -29,7 +29,7 @@ class Snapshot {
   // The longest wait for another process, in milliseconds.
   static constexpr int kPatience = 2000;
 
-  // Only a regular file of a usual size is taken. The file is left as it is.
+  // Only a regular file of a usual size is taken, and is left as it is; "-" is the standard input.
   static SnapshotResult of(const QString& file, int patience = kPatience);
 
   Connection& connection() const { return *_memory; }
@@ -47,6 +47,8 @@ class Snapshot {
   std::optional<FileError> writeInto(const QString& file, int patience = kPatience) const;
 
  private:
+  static SnapshotResult ofStandardInput();
+  static SnapshotResult ofAll(Connection& source, const QString& file);
   std::optional<FileError> replace(const QString& file) const;
 
   explicit Snapshot(std::unique_ptr<Connection> memory) : _memory(std::move(memory)) {}
