@@ -31,8 +31,8 @@ namespace sanovia {
 namespace {
 
 constexpr QSize kImportSize(720, 740);
-constexpr int kColumnsHeight = 130;
-constexpr int kLinesHeight = 92;
+constexpr int kColumnsHeight = 96;
+constexpr int kLinesHeight = 70;
 constexpr int kLongestHeading = 260;  // of a column, in pixels
 constexpr int kLongestName = 340;     // of a file
 

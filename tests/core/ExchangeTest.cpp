@@ -7,6 +7,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QRegularExpression>
+#include <QSet>
 
 #include "core/database/DBManager.h"
 #include "core/exchange/Columns.h"
@@ -316,6 +317,7 @@ TEST_F(Exchange, ADiaryThatIsNoneFailsWithTheReason) {
 
 TEST_F(Exchange, ObservationsHaveWhatTheirSchemaAsksFor) {
   settings.userName.store(u"Anna"_s);
+  settings.userBirthday.store(u"1980-05-05 22:30:00 +0000"_s);
   settings.userHeight.store(1.7F);
   ASSERT_EQ(
       import("date,temperature,wellbeing,weight,systolic,diastolic,crp\n2026-01-01,36.6,2,80,120,80,0.4\n"
@@ -327,7 +329,8 @@ TEST_F(Exchange, ObservationsHaveWhatTheirSchemaAsksFor) {
     return QJsonDocument::fromJson(bytesOf(file(u"out.json"_s))).object();
   };
   const QJsonArray entries = bundle(false)[u"entry"].toArray();
-  QStringList codes;
+  QStringList codes, parts;
+  QSet<QString> identities;
   for (const QJsonValue& entry : entries) {
     const QJsonObject observation = entry[u"resource"].toObject();
     EXPECT_EQ(observation[u"resourceType"], u"Observation"_s);
@@ -338,15 +341,25 @@ TEST_F(Exchange, ObservationsHaveWhatTheirSchemaAsksFor) {
                   .filter(QRegularExpression(observation.keys().join(u'|')))
                   .size(),
               1);
+    EXPECT_FALSE(observation[u"category"][0][u"coding"][0][u"code"].toString().isEmpty());
+    EXPECT_EQ(observation.contains(u"valueQuantity"),
+              observation[u"valueQuantity"][u"system"] == u"http://unitsofmeasure.org"_s);
+    for (const QJsonValue& part : observation[u"component"].toArray())
+      parts.append(part[u"code"][u"coding"][0][u"code"].toString() + u' ' +
+                   QString::number(part[u"valueQuantity"][u"value"].toInt()));
+    identities.insert(entry[u"fullUrl"].toString());
     const QJsonValue code = observation[u"code"][u"coding"][0][u"code"];
     codes.append(observation[u"effectiveDateTime"].toString().last(2) + u' ' + code.toString() + u' ' +
                  observation[u"valueQuantity"][u"code"].toString());
   }
   EXPECT_EQ(codes, texts({"01 8310-5 Cel", "01  ", "01 29463-7 kg", "01 39156-5 kg/m2", "01 85354-9 ",
                           "01  mm[Hg]", "01 1988-5 mg/dL", "02 85354-9 "}));
+  EXPECT_EQ(parts, texts({"8480-6 120", "8462-4 80", "8462-4 70"}));
+  EXPECT_EQ(identities.size(), entries.size());
   EXPECT_EQ(entries[0][u"resource"][u"valueQuantity"][u"value"].toDouble(), 36.6) << "as it was entered";
   const QJsonArray withPerson = bundle(true)[u"entry"].toArray();
   EXPECT_EQ(withPerson[0][u"resource"][u"name"][0][u"text"], u"Anna"_s);
+  EXPECT_EQ(withPerson[0][u"resource"][u"birthDate"], u"1980-05-06"_s) << "where she lives";
   EXPECT_EQ(withPerson[1][u"resource"][u"subject"][u"reference"], withPerson[0][u"fullUrl"]);
 }
 
