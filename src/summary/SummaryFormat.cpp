@@ -14,11 +14,12 @@ namespace {
 
 constexpr int kHeightDecimals = 2;
 
-// The user's own where it is of the language in force, which knows more than the language alone.
+// That of the user's country where it is of the language in force, which knows more than the language alone;
+// made by its name, since the user's own may have numbers and months of another language.
 QLocale localeOfLanguage() {
   const QString language = Language::language().section(u'-', 0, 0);
-  const QLocale users;
-  QLocale locale = users.name().section(u'_', 0, 0) == language ? users : QLocale(language);
+  const QString users = QLocale().name();
+  QLocale locale(users.section(u'_', 0, 0) == language ? users : language);
   locale.setNumberOptions(QLocale::OmitGroupSeparator);
   return locale;
 }
@@ -86,7 +87,12 @@ QString SummaryFormat::change(const Measure& measure, double stored) const {
 
 QString SummaryFormat::percent(qint64 part, qint64 whole) const {
   const double share = whole == 0 ? 0 : 100.0 * static_cast<double>(part) / static_cast<double>(whole);
-  return filled(word("summary_percent"), number(share, 0));
+  const QString rounded = number(share, 0);
+  const bool isNotNone = part > 0 && rounded == QLatin1String("0");
+  const bool isNotAll = part < whole && rounded == QLatin1String("100");
+  return filled(word("summary_percent"), isNotNone  ? QStringLiteral("<1")
+                                         : isNotAll ? QStringLiteral(">99")
+                                                    : rounded);
 }
 
 QString SummaryFormat::height(float metres) const {

@@ -27,7 +27,7 @@ class SummaryFormat {
   // A difference between two values, with as many decimals; the second one with its sign.
   QString spread(const Measure& measure, double stored) const;
   QString change(const Measure& measure, double stored) const;
-  // Without and with the sign "%" of the language.
+  // With the sign "%" of the language; what is not quite all or nothing is ">99%" or "<1%".
   QString percent(qint64 part, qint64 whole) const;
   // Of metres.
   QString height(float metres) const;

@@ -177,6 +177,9 @@ TEST_F(SummaryPaper, TellsEachMeasureInTheUnitsInForce) {
   EXPECT_TRUE(chart.points[0].at.y() > chart.norm->bottom() && chart.points[1].at.y() < chart.norm->top());
   EXPECT_EQ(plan.tests->days, (std::vector<QStringList>{texts({"22 Nov 2026", "14.0", "1.1 H"}),
                                                         texts({"21 Nov 2026", "11.9 L", ""})}));
+  const SummaryFormat format;
+  EXPECT_EQ(format.percent(999, 1000) + format.percent(1, 1000) + format.percent(1000, 1000),
+            u">99%<1%100%"_s);
   EXPECT_TRUE(plan.legend.join(u' ').contains(u"19 Nov 2026 – 20 Nov 2026"_s));
 }
 

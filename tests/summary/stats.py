@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 """Recomputes what `sanovia-cli stats --json` says, from the exported file and with Python's own statistics."""
-import csv, datetime, json, os, statistics, subprocess, sys, tempfile
+import csv, datetime, json, os, re, statistics, subprocess, sys, tempfile
 
 CLI, SAMPLE = sys.argv[1:3]
 WORDS = {"wellbeing": 4, "appetite": 2}
@@ -99,6 +99,13 @@ def main():
                                 ("2026-10-01", "2026-10-30")):
                 stats = json.loads(run(CLI, "stats", "--json", "--from", first, "--to", last))
                 check(stats, days, datetime.date.fromisoformat(first), datetime.date.fromisoformat(last), norm)
+        env.update(LC_ALL="", LANG="en_US.UTF-8", LC_TIME="de_DE.UTF-8", LC_NUMERIC="de_DE.UTF-8")
+        page = os.path.join(home, "page.html")
+        run(CLI, "summary", "--from", "2026-10-01", "--to", "2026-10-30", page)
+        with open(page, encoding="utf-8") as stream:
+            text = stream.read()
+        assert "1 Oct 2026" in text and "Okt" not in text, "months in the language of the page"
+        assert re.search(r"\d\.\d\d ± \d\.\d\d<", text), "and its decimal sign"
         nothing = subprocess.run([CLI, "stats", "--json", "--from=2020-01-01", "--to=2020-01-02"], env=env,
                                  capture_output=True, text=True)
         assert nothing.returncode == 3 and nothing.stdout == "", nothing
