@@ -22,8 +22,8 @@ namespace {
 
 constexpr QSize kListSize(520, 190);
 constexpr int kPreviewHeight = 92;  // four lines
-constexpr int kDateWidth = 230;
-constexpr int kDaysWidth = 110;
+constexpr int kDateWidth = 275;
+constexpr int kDaysWidth = 80;
 
 enum Column : quint8 { DateOfCopy, Days, LastEntry };
 constexpr int kFileRole = Qt::UserRole;
@@ -70,6 +70,8 @@ void RestoreSheet::openFor(bool isDamaged) {
   const WaitCursor waiting;
   setHeading(word("restore_heading"));
   _intro->setText(word(isDamaged ? "restore_damaged" : "restore_intro"));
+  _intro->ensurePolished();
+  _intro->setFixedHeight(_intro->heightForWidth(kListSize.width()));
   _copies->setHeaderLabels({word("restore_copy"), word("restore_days"), word("restore_last")});
   _copies->setAccessibleName(word("restore_copies"));
   _other->setText(word("restore_other"));
@@ -78,6 +80,7 @@ void RestoreSheet::openFor(bool isDamaged) {
   _cancel->setText(word("Cancel"));
   _restore->setText(word("restore_do"));
   _whole->setChecked(true);
+  _missing->setEnabled(!isDamaged);  // nothing can be laid over what cannot be read
   _copies->clear();
   for (const DiaryCopy& copy : diaryCopies()) {
     const QString day = dateText(copy.date.toString(Qt::ISODate));
@@ -87,6 +90,7 @@ void RestoreSheet::openFor(bool isDamaged) {
   _copies->setColumnWidth(Days, kDaysWidth);
   if (_copies->topLevelItemCount() > 0) _copies->setCurrentItem(_copies->topLevelItem(0));
   showPreview();
+  adjustSize();
   open();
   _copies->setFocus(Qt::OtherFocusReason);
 }
