@@ -158,11 +158,10 @@ TEST_F(ChartsViewTest, AToolTipSaysTheDayItsValueAndItsNorm) {
 }
 
 TEST_F(ChartsViewTest, AStripIsPaintedAsInTheWhole) {
-  Pressure beyond(u"2026-11-12"_s);
-  // Far into the charts above and below.
-  beyond.systolic = 1;
-  beyond.diastolic = 420;
+  General beyond(u"2026-11-12"_s);
+  beyond.temperature = 1;  // far into the charts below
   beyond.update();
+  setType(RecordType::general);
   charts.updateValues();
   charts.selectDay(3);
   const QImage whole = painted();
@@ -206,7 +205,7 @@ TEST_F(ChartsViewTest, AScreenReaderMeetsChartsAndTheirDays) {
 
   charts.activateWindow();
   ASSERT_TRUE(QTest::qWaitForWindowActive(&charts));
-  charts.clearFocus();
+  QApplication::focusWidget()->clearFocus();
   const QImage unmarked = painted();
   charts.setFocus();
   EXPECT_NE(painted(), unmarked) << "the charts show that they have the keyboard";
