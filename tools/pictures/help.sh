@@ -17,8 +17,8 @@ picture() {
   done
 }
 
-picture table-general table 800x490+0+0
-picture panel-pressure panel 800x690+0+0
-picture charts-general charts 800x680+0+120
-picture calendar-from calendar 460x370+340+0
+picture table-general table 800x498+0+0
+picture panel-pressure panel 800x680+0+0
+picture charts-general charts 800x650+0+150
+picture calendar-from calendar 490x420+310+0
 optipng -quiet -o4 -strip all resources/help/*/*.png
