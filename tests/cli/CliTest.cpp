@@ -237,8 +237,10 @@ TEST_F(Cli, LeavesNoChoiceToChance) {
   EXPECT_FALSE(QFile::exists(Paths::databaseFile()));
   EXPECT_TRUE(import(us + u"--several last --json"_s).contains(u"\"newDays\": 1"_s));
   EXPECT_EQ(query(u"SELECT pdate || ' ' || pulse FROM pressure"_s), texts({"2026-01-02 63"}));
-  run({u"export"_s, u"--format=fhir"_s, u"--from=2026-01-03"_s, csv});
-  EXPECT_FALSE(bytesOf(csv).contains("entry"));
+  for (const char* interval : {"--from=2026-01-03", "--to=2026-01-01"}) {
+    run({u"export"_s, u"--format=fhir"_s, QLatin1StringView(interval), csv});
+    EXPECT_FALSE(bytesOf(csv).contains("entry")) << interval;
+  }
   for (const char* wrong : {"--format=xml", "--with-person"})
     run({u"export"_s, QLatin1StringView(wrong), csv}, 2);
 }

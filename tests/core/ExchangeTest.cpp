@@ -60,6 +60,8 @@ TEST_F(Exchange, ReadsWhatSpreadsheetsWrite) {
       "\xEF\xBB\xBF"
       "date,temperature,systolic\r2026-01-02,36.6,120\r",
       "date;temperature;systolic\n2026-01-02;\"36,6\";+120,0\n",
+      "date,temperature,systolic\n2026-01-02\xC2\xA0,36.6\xC2\xA0,\xC2\xA0"
+      "120\n",
       "date\ttemperature\tsystolic\n2026-01-02\t36,6\t120\n",
       "\n \n Systolic , DATE,\"Temperature\" \n\n 1.2e2 , 2026-01-02 , \"36.6\" \n\n",
       "temperature,wbc,date,systolic,crp\n\"\r\n36.6 \",,2026-01-02,120\n,,,,\n",
@@ -155,9 +157,11 @@ TEST_F(Exchange, ExportTakesTheFirstRowOfADateAndLeavesOutRowsWithoutADay) {
   execute(
       u"INSERT INTO general (pk, gdate, weight) VALUES (1, '2026-01-05', 80), (2, '2026-01-02', 81), "
       "(3, '2026-01-02', 82), (4, '2026-01-01', 83), (5, '2026-01-05', 84), (6, X'323032362D30312D3033', 85)"_s);
-  execute(u"INSERT INTO blood (bdate, crp) VALUES ('2026-01-04', 1), ('2026-01-02', 2), ('2026-01-05', 3)"_s);
+  execute(
+      u"INSERT INTO blood (bdate, crp) VALUES ('2026-01-01', 5), ('2026-01-04', 1), ('2026-01-02', 2), "
+      "('2026-01-05', 3), ('2026-01-01', 9)"_s);
   EXPECT_TRUE(exported().endsWith(
-      "wbc\r\n2026-01-01,,,,83,,,,,,,,,\r\n2026-01-02,,,,81,120,,,,,2,,,\r\n2026-01-03,,,,85,,,,,,,,,\r\n"
+      "wbc\r\n2026-01-01,,,,83,,,,,,5,,,\r\n2026-01-02,,,,81,120,,,,,2,,,\r\n2026-01-03,,,,85,,,,,,,,,\r\n"
       "2026-01-04,,,,,,,,,,1,,,\r\n2026-01-05,,,,80,,,,,,3,,,\r\n"));
   execute(u"DELETE FROM general"_s);
   execute(u"DELETE FROM blood"_s);
@@ -357,6 +361,8 @@ TEST_F(Exchange, ObservationsHaveWhatTheirSchemaAsksFor) {
   EXPECT_EQ(parts, texts({"8480-6 120", "8462-4 80", "8462-4 70"}));
   EXPECT_EQ(identities.size(), entries.size());
   EXPECT_EQ(entries[0][u"resource"][u"valueQuantity"][u"value"].toDouble(), 36.6) << "as it was entered";
+  settings.userHeight.store(-1);
+  EXPECT_EQ(bundle(false)[u"entry"].toArray().size(), entries.size() - 1) << "no index without a height";
   const QJsonArray withPerson = bundle(true)[u"entry"].toArray();
   EXPECT_EQ(withPerson[0][u"resource"][u"name"][0][u"text"], u"Anna"_s);
   EXPECT_EQ(withPerson[0][u"resource"][u"birthDate"], u"1980-05-06"_s) << "where she lives";
