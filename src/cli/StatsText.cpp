@@ -92,6 +92,7 @@ QString measureText(const MeasureSummary& row) {
 
 // At most two decimals, none that are zeros.
 QString rounded(double value) {
+  if (!std::isfinite(value)) return kNothing;
   QString text = QString::number(value, 'f', kDecimals);
   while (text.endsWith(u'0')) text.chop(1);
   if (text.endsWith(u'.')) text.chop(1);

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <charconv>
+#include <cmath>
 
 #include "core/dates/Utils.h"
 #include "core/foundation/TextFormat.h"
@@ -13,6 +14,8 @@ namespace sanovia {
 namespace {
 
 constexpr int kHeightDecimals = 2;
+// Nonsense in a diary may add up to more than any number.
+const QString kNoNumber = QStringLiteral("–");
 
 // That of the user's country where it is of the language in force, which knows more than the language alone;
 // made by its name, since the user's own may have numbers and months of another language.
@@ -54,6 +57,7 @@ QString SummaryFormat::monthAndYear(const QDate& day) const {
 }
 
 QString SummaryFormat::number(double value, int decimals) const {
+  if (!std::isfinite(value)) return kNoNumber;
   QString text = fixedText(value, decimals);
   if (isZero(text)) text = fixedText(0, decimals);
   return text.replace(u'.', _locale.decimalPoint());
@@ -82,7 +86,7 @@ QString SummaryFormat::spread(const Measure& measure, double stored) const {
 QString SummaryFormat::change(const Measure& measure, double stored) const {
   const QString text = spread(measure, stored);
   const bool isNothing = isZero(QString(text).replace(_locale.decimalPoint(), QStringLiteral(".")));
-  return isNothing || text.startsWith(u'-') ? text : u'+' + text;
+  return isNothing || text == kNoNumber || text.startsWith(u'-') ? text : u'+' + text;
 }
 
 QString SummaryFormat::percent(qint64 part, qint64 whole) const {

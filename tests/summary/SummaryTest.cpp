@@ -178,6 +178,7 @@ TEST_F(SummaryPaper, TellsEachMeasureInTheUnitsInForce) {
   EXPECT_EQ(plan.tests->days, (std::vector<QStringList>{texts({"22 Nov 2026", "14.0", "1.1 H"}),
                                                         texts({"21 Nov 2026", "11.9 L", ""})}));
   const SummaryFormat format;
+  EXPECT_EQ(format.number(-0.001, 2) + format.number(INFINITY, 1), u"0.00–"_s);
   EXPECT_EQ(format.percent(999, 1000) + format.percent(1, 1000) + format.percent(1000, 1000),
             u">99%<1%100%"_s);
   EXPECT_TRUE(plan.legend.join(u' ').contains(u"19 Nov 2026 – 20 Nov 2026"_s));
@@ -197,6 +198,11 @@ TEST_F(SummaryPaper, UsesTheRoomOfItsPagesAndNamesEachOfThem) {
   }
   numbers.measures.resize(5);
   const PagedSummary one = pagedSummary(numbers, room, kEnd, _text);
+  for (const QSizeF& label : {QSizeF(200, 150), QSizeF(60, 60)}) {
+    const PagedSummary tiny =
+        pagedSummary(numbers, PageRoom(QPageSize(label, QPageSize::Point)), kEnd, _text);
+    EXPECT_GE(tiny.pages, 1) << "whatever paper a printer has, it ends";
+  }
   EXPECT_TRUE(one.pages == 1 && one.plan.form.chartHeight > 60 && one.layout.remarkLines >= 5);
   Preferences::store(QString(150, u'W'), 1.7F, Preferences::metric(), at("1970-05-03T00:00:00"));
   EXPECT_TRUE(pdfText(lastDays(1).pdf()).contains(u"WWW…·22Nov2026Page1of"_s)) << "a name is cut to its room";
