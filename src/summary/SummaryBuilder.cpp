@@ -69,7 +69,7 @@ class Builder {
     addLegend();
     addRemarks();
     _cursor.endEditBlock();
-    return {std::move(_document), _objects, std::move(_measures), _legend};
+    return {std::move(_document), _objects, std::move(_measures), _legend, std::move(_testedDays)};
   }
 
  private:
@@ -356,6 +356,7 @@ class Builder {
       writeTest(table, at, column, text, isMarked ? kStrongFont : kValueFont);
     }
     rule(table, at);
+    _testedDays.push_back(table->cellAt(at, 0).firstPosition());
   }
 
   void writeTest(QTextTable* table, int row, int column, const QString& text, PaperFont font,
@@ -396,6 +397,7 @@ class Builder {
   QTextCursor _cursor;
   std::vector<MeasurePlace> _measures;
   int _legend = 0;
+  std::vector<int> _testedDays;
 };
 
 }  // namespace

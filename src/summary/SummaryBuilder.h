@@ -31,7 +31,8 @@ struct BuiltSummary {
   std::unique_ptr<QTextDocument> document;
   SummaryObjects* objects;  // which the document owns
   std::vector<MeasurePlace> measures;
-  int legend;  // its first position
+  int legend;                   // its first position
+  std::vector<int> testedDays;  // the first position of each
 };
 
 inline constexpr double kRemarkPitch = 20;

@@ -121,11 +121,10 @@ class Paginator {
   void takeTestedDays() {
     if (!_plan.tests || pages() > kMostPages) return;
     const size_t all = _plan.tests->days.size();
-    const double without = bottom();
     _layout.testedDays = std::min(all, kTestsForMeasure);
     build();
     if (_layout.testedDays < all && pages() <= kMostPages) {
-      const double height = testRowHeight(without);
+      const double height = testRowHeight();
       const double left = std::max(0.0, leftOn(kMostPages));
       _layout.testedDays = std::min(all, _layout.testedDays + static_cast<size_t>(left / height) + 1);
       build();
@@ -136,13 +135,9 @@ class Paginator {
     }
   }
 
-  // Of one more tested day.
-  double testRowHeight(double without) {
-    const double two = bottom();
-    --_layout.testedDays;
-    build();
-    const double height = two - bottom();
-    return height > 0 ? height : two - without;
+  // Of one more tested day, where two are shown.
+  double testRowHeight() const {
+    return rectAt(_built.testedDays[1]).top() - rectAt(_built.testedDays[0]).top();
   }
 
   void takeRemarks() {

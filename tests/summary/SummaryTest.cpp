@@ -108,6 +108,9 @@ TEST_F(SummaryPaper, AChartReadsFromADayToTenYears) {
             << qPrintable(chart.texts[i].text);
     }
   }
+  const TimeMark mark =
+      timeAxis(kEnd.addDays(-3652), kEnd, 60, 460, kChartFont, SummaryFormat(), _text).marks.front();
+  EXPECT_TRUE(mark.day == QDate(2017, 1, 1) && mark.text == u"2017"_s) << qPrintable(mark.text);
   // Days without a value widen the distance, and equal values have a scale, too.
   const SmallChart gap =
       chartOf(11, {{kEnd.addDays(-10), 70}, {kEnd.addDays(-9), 70}, {kEnd, 70}}, MeasureId::Weight, {});
