@@ -152,6 +152,7 @@ TEST_F(Obstacle, WhatIsPendingOutlivesListsThatCannotBeRead) {
       else
         full.emplace();
       plus(kTemperaturePlus, 2);
+      delegate->saveStartDate(at(isLocked ? "2026-11-05T00:00:00" : "2026-11-04T00:00:00"));
       // The day leaves the lists and comes back; on a full disk it is read, beside a lock it is not.
       for (const char* end : {"2026-11-12T00:00:00", "2026-11-15T00:00:00"}) delegate->saveEndDate(at(end));
       EXPECT_EQ(cell(0, 2), shown);
@@ -183,7 +184,7 @@ TEST_F(Obstacle, EveryEndStoresWhatIsPending) {
   other.query(u"BEGIN IMMEDIATE"_s);
   plus(kTemperaturePlus);
   std::thread release([&other] {
-    std::this_thread::sleep_for(std::chrono::milliseconds(2500));
+    std::this_thread::sleep_for(std::chrono::milliseconds(3500));
     other.query(u"COMMIT"_s);
   });
   quit();
