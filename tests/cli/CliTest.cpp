@@ -241,6 +241,8 @@ TEST_F(Cli, LeavesNoChoiceToChance) {
     run({u"export"_s, u"--format=fhir"_s, QLatin1StringView(interval), csv});
     EXPECT_FALSE(bytesOf(csv).contains("entry")) << interval;
   }
+  run({u"export"_s, u"--from=2026-01-02"_s, u"--to=2026-01-02"_s, csv});
+  EXPECT_TRUE(bytesOf(csv).contains("2026-01-02")) << "the first and the last day go along";
   for (const char* wrong : {"--format=xml", "--with-person"})
     run({u"export"_s, QLatin1StringView(wrong), csv}, 2);
 }
