@@ -285,6 +285,10 @@ TEST_F(EditPanel, SpeaksToAScreenReader) {
   EXPECT_NEAR(slider->valueInterface()->maximumValue().toDouble(), 105.8, 1e-9);
   slider = QAccessible::queryAccessibleInterface(panel.sliderOf(2));
   EXPECT_EQ(slider->text(QAccessible::Description), u"Good"_s) << "a word as a word";
+  QTest::keyClick(panel.sliderOf(2), Qt::Key_Down);
+  EXPECT_EQ(nameOf(announcement), u"Fair"_s);
+  panel.takeBack(2);
+  EXPECT_EQ(nameOf(announcement), u"not entered"_s);
   EXPECT_EQ(slider->valueInterface(), nullptr);
 }
 

@@ -191,6 +191,8 @@ void EditAnimationView::sliderChanged(int column) {
   enterSliderValue(*measure, _data, tickValue(*setUp, sliderOf(column)->tick()));
   store();
   speakSlider(column, *setUp);
+  // Numbers are told as the slider's value.
+  if (!isShownAsNumber(*measure)) _announcement->say(stringOfData(column));
   valueChanged();
 }
 

@@ -10,6 +10,7 @@
 #include "core/measures/ValueText.h"
 #include "drawing/Fonts.h"
 #include "drawing/Palette.h"
+#include "ui/controls/Announcement.h"
 #include "ui/controls/WhiteSlider.h"
 #include "ui/entry/ClearMark.h"
 #include "ui/entry/EditAnimationView.h"
@@ -146,6 +147,7 @@ void EditAnimationView::takeBack(int column) {
   if (isEmpty(_data) || measure == nullptr || !storedValue(*measure, _data)) return;
   takeBackValue(*measure, _data);
   changed();
+  _announcement->say(word("not_entered"));
 }
 
 void EditAnimationView::changed() {
