@@ -234,6 +234,7 @@ TEST_F(SummaryPaper, IsFoundAsTypedInFiveLanguages) {
     HealthSummary summary = lastDays(40);
     const QByteArray pdf = summary.pdf();
     EXPECT_EQ(pdf, lastDays(40).pdf());
+    EXPECT_TRUE(pdf.contains("/Lang (" + Language::language().toLatin1() + ')')) << "how it is read aloud";
     const QString text = pdfText(pdf);
     for (const QString& word : words.found + texts({"Анна Müller 王", "L 4 · H 8"}))
       EXPECT_TRUE(text.contains(QString(word).remove(u' '))) << qPrintable(word);
