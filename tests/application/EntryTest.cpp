@@ -55,6 +55,11 @@ TEST_F(Entry, TakesTypedNumbersOrAsksOrGivesThemUp) {
   EXPECT_EQ(stored(), u"215 90 -1 125"_s);
   type("500", Qt::Key_Return);
   EXPECT_EQ(stored(), u"215 90 -1 125"_s) << "asks first";
+  QTest::keyClick(delegate->window()->focusWidget(), Qt::Key_Backspace);
+  type("1", Qt::Key_Return);
+  EXPECT_EQ(stored(), u"215 90 -1 125"_s) << "another number is asked about anew";
+  QTest::keyClick(delegate->window()->focusWidget(), Qt::Key_Backspace);
+  type("0", Qt::Key_Return);
   QTest::keyClick(delegate->window()->focusWidget(), Qt::Key_Return);
   EXPECT_EQ(stored(), u"215 500 -1 -285"_s);
   type("70", Qt::Key_Escape);
