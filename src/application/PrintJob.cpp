@@ -5,6 +5,7 @@
 
 #include "core/foundation/Log.h"
 #include "core/foundation/WholeFile.h"
+#include "paper/PrintSettings.h"
 
 namespace sanovia {
 namespace {
@@ -164,6 +165,8 @@ QList<PrintOption> printOptions(const PrinterChoice& choice) {
   add("page-ranges", choice.pages.toString().toLatin1());
   add(CUPS_SIDES, sidesName(choice.sides));
   add(CUPS_MEDIA, mediaName(choice.paper));
+  // The document is larger than the sheet then.
+  if (!choice.paper.isEmpty() && !PrintSettings::hasRoom(choice.paper)) add("print-scaling", "fit");
   if (choice.inGrey) {
     add(kDriversColour, "Gray");
     add(CUPS_PRINT_COLOR_MODE, CUPS_PRINT_COLOR_MODE_MONOCHROME);

@@ -14,6 +14,10 @@ constexpr QLocale::Territory kLetterCountries[] = {
     QLocale::PuertoRico, QLocale::ElSalvador, QLocale::UnitedStates, QLocale::Venezuela,
 };
 
+constexpr QSizeF kLeastPaper(594, 791);  // points; a printer's A4 and Letter may be a point short
+
+QSizeF upright(const QSizeF& paper) { return paper.width() > paper.height() ? paper.transposed() : paper; }
+
 QPageSize& chosen() {
   static QPageSize size;
   return size;
@@ -37,10 +41,14 @@ QPageSize PrintSettings::paperSize() { return chosen().isValid() ? chosen() : us
 
 void PrintSettings::setPaperSize(const QPageSize& size) { chosen() = size; }
 
+bool PrintSettings::hasRoom(const QSizeF& points) {
+  const QSizeF paper = upright(points);
+  return paper.width() >= kLeastPaper.width() && paper.height() >= kLeastPaper.height();
+}
+
 void PrintSettings::choosePaper(const QSizeF& points) {
-  if (points.isEmpty()) return;
-  const QSizeF upright = points.width() > points.height() ? points.transposed() : points;
-  setPaperSize(QPageSize(upright, QPageSize::Point, QString(), QPageSize::FuzzyMatch));
+  if (hasRoom(points))
+    setPaperSize(QPageSize(upright(points), QPageSize::Point, QString(), QPageSize::FuzzyMatch));
 }
 
 }  // namespace sanovia

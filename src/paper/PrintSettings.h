@@ -12,7 +12,10 @@ class PrintSettings {
   static QPageSize paperSize();
   // An invalid size brings the usual paper back.
   static void setPaperSize(const QPageSize& size);
-  // The paper of a printer's choice in points, upright whichever way it lies; an empty size chooses nothing.
+  // Whether a paper of that size in points, whichever way it lies, has room for documents: the report's days
+  // take the width of A4 and the height of Letter.
+  static bool hasRoom(const QSizeF& points);
+  // The paper of a printer's choice, upright; an empty size, and a paper without room, chooses nothing.
   static void choosePaper(const QSizeF& points);
 
   PrintSettings() = delete;

@@ -84,6 +84,9 @@ TEST_F(ReportShown, IsPrintedOnThePaperThatWasChosenAndSaysWhenItIsNot) {
   EXPECT_NEAR(window().document()->pagePointSize(0).height(), 842, 1) << "A4, upright";
   EXPECT_EQ(window().pages()->verticalScrollBar()->value(), 100);
   EXPECT_EQ(window().line()->text(), QString());
+  answeredPrinter.paper = {420, 595};
+  window().printButton()->click();
+  EXPECT_NEAR(window().document()->pagePointSize(0).height(), 842, 1) << "A5 has no room for the days";
   answeredPrinter.outputFile = file(u"no folder/printed.pdf"_s);
   window().printButton()->click();
   EXPECT_FALSE(window().line()->text().isEmpty());

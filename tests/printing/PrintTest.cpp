@@ -92,6 +92,7 @@ TEST_F(Printing, NamesAChoiceInTheWordsOfTheServer) {
       {{.inGrey = true}, {one, {"ColorModel", "Gray"}, {"print-color-mode", "monochrome"}}},
       {{.paper = kA4.transposed()}, {one, {"media", "iso_a4_210x297mm"}}},
       {{.paper = kLetter}, {one, {"media", "na_letter_8.5x11in"}}},
+      {{.paper = {420, 595}}, {one, {"media", "iso_a5_148x210mm"}, {"print-scaling", "fit"}}},
       {{.furtherOptions = {{u"number-up"_s, u"2"_s}, {u"job-billing"_s, u""_s}}}, {{"number-up", "2"}, one}},
   };
   for (const auto& [choice, expected] : rows)
