@@ -80,6 +80,8 @@ TEST_F(ExchangeSheets, AnImportAsksWhatTheFileLeavesOpenAndShowsWhatItDid) {
   EXPECT_EQ(linesOf(second), u"11/12/2026, Temperature, °F: 100.4 → 98.6"_s) << "as the diary shows it";
   choose(second.existingBox(), 1);
   EXPECT_EQ(linesOf(second), QString());
+  EXPECT_TRUE(second.tellsLabel()->text().startsWith(u"New days: 0. Changed: 1."_s))
+      << "by the chosen column";
   second.reject();
   EXPECT_EQ(query(u"SELECT count(*) FROM general WHERE wellbeing = 1"_s), texts({"0"}));
   EXPECT_FALSE(importing("Date,Temperature\n2026-11-12,38\n").importButton()->isEnabled()) << "all known";
