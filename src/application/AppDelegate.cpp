@@ -199,12 +199,14 @@ void AppDelegate::showFirstSteps() {
   _window->setPersonWanted(!Preferences::birthday().isValid());
 }
 
-// An open panel goes on with the day as it was read.
+// An open panel goes on with the day as it was read. What was pending may have been stored meanwhile.
 void AppDelegate::lookAtDiary() {
-  if (sharedApp != this || noticeNewDay() || !_window->outlets().dataView->readAgain()) return;
-  if (const RecordRef record = _window->outlets().chartsView->records().ofTheSameDay(_editView->data());
-      !isEmpty(record))
-    _editView->setData(record);
+  if (sharedApp != this || noticeNewDay()) return;
+  const bool hadPending = DayEntries::shared().hasPending();
+  const bool isReadAgain = _window->outlets().dataView->readAgain();
+  if (!isReadAgain && !hadPending) return;
+  const RecordRef record = _window->outlets().chartsView->records().ofTheSameDay(_editView->data());
+  if (isReadAgain && !isEmpty(record)) _editView->setData(record);
   dataIsPresent();
 }
 

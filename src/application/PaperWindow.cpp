@@ -10,6 +10,7 @@
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QShortcut>
+#include <QToolButton>
 
 #include "application/ScreenRoom.h"
 #include "core/localisation/Language.h"
@@ -150,6 +151,7 @@ void PaperWindow::nameControls() {
   _copy->setToolTip(word(_words.copy));
   _find->setPlaceholderText(word("Find"));
   _find->setAccessibleName(word("Find"));
+  for (QToolButton* cross : _find->findChildren<QToolButton*>()) cross->setAccessibleName(word("find_clear"));
 }
 
 // Only what shows knows the room that its look takes.

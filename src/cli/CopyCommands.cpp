@@ -38,9 +38,12 @@ QJsonObject objectOf(const DiaryCopy& copy, const CopySummary& known) {
           {QStringLiteral("kept"), copy.isKept}};
 }
 
+// That there is none is said where it is in nobody's way.
 int listCopies(bool inJson) {
   QJsonArray list;
-  for (const DiaryCopy& copy : diaryCopies()) {
+  const auto copies = diaryCopies();
+  if (copies.empty() && !inJson) write(stderr, "There is no copy yet.\n");
+  for (const DiaryCopy& copy : copies) {
     const auto summary = summaryOf(copy.file);
     if (const auto* error = std::get_if<FileError>(&summary)) {
       write(stderr, (error->text + QLatin1Char('\n')).toLocal8Bit());

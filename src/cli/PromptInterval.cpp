@@ -1,5 +1,9 @@
 #include "cli/PromptInterval.h"
 
+#include <QFile>
+
+#include <optional>
+
 #include "cli/Console.h"
 #include "core/database/Statement.h"
 #include "core/dates/Utils.h"
@@ -19,8 +23,6 @@ QString databaseText(const QDateTime& date) { return Utils::convertDate(date, Ut
 QDateTime givenDate(const QString& text) {
   return isDiaryDate(text) ? QDate::fromString(text, Qt::ISODate).startOfDay() : QDateTime();
 }
-
-}  // namespace
 
 PromptInterval promptInterval(const QString& givenFrom, const QString& givenTo) {
   QDateTime to = givenTo.isNull() ? DateInterval::storedEndOrNow() : givenDate(givenTo);
@@ -51,15 +53,32 @@ std::optional<QString> faultOf(const PromptInterval& interval) {
       .arg(databaseText(interval.to), databaseText(interval.from));
 }
 
-QString daysText(const PromptInterval& interval) {
-  return QStringLiteral("from %1 to %2").arg(databaseText(interval.from), databaseText(interval.to));
-}
-
+// What reads its records would take it for empty.
 std::optional<QString> unreadableDiary() {
   Connection connection(Paths::databaseFile(), kPatience);
   for (const QString& table : {General::tableName(), Pressure::tableName(), Blood::tableName()})
     static_cast<void>(Statement(connection, QStringLiteral("SELECT COUNT(*) FROM ") + table).nextRow());
   return connection.isGood() ? std::nullopt : std::optional(connection.error());
+}
+
+}  // namespace
+
+QString daysText(const PromptInterval& interval) {
+  return QStringLiteral("from %1 to %2").arg(databaseText(interval.from), databaseText(interval.to));
+}
+
+int tellNothing(const PromptInterval& interval, const char* verb) {
+  return fail(
+      NothingToReport,
+      QStringLiteral("Nothing to %1: the diary is empty %2.").arg(QLatin1String(verb), daysText(interval)));
+}
+
+std::variant<PromptInterval, int> readableInterval(const QString& from, const QString& to, const char* verb) {
+  PromptInterval interval = promptInterval(from, to);
+  if (const auto wrong = faultOf(interval)) return fail(Failed, *wrong);
+  if (!QFile::exists(Paths::databaseFile())) return tellNothing(interval, verb);
+  if (const auto reason = unreadableDiary()) return fail(Failed, *reason);
+  return interval;
 }
 
 }  // namespace sanovia

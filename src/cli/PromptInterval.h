@@ -4,7 +4,7 @@
 #include <QDateTime>
 #include <QString>
 
-#include <optional>
+#include <variant>
 
 namespace sanovia {
 
@@ -17,16 +17,14 @@ struct PromptInterval {
   QDateTime to;
 };
 
-// A start that is moved up is told on the standard error.
-PromptInterval promptInterval(const QString& from, const QString& to);
+// The interval of a diary that can be read, or the exit status after what is wrong was told. A start that is
+// moved up is told on the standard error. The verb is for a diary that is not there: "report", "count".
+std::variant<PromptInterval, int> readableInterval(const QString& from, const QString& to, const char* verb);
 
-// What is wrong with it, or nothing.
-std::optional<QString> faultOf(const PromptInterval& interval);
+// Tells that the interval has nothing to report or count, and hands the exit status back.
+int tellNothing(const PromptInterval& interval, const char* verb);
 
 // "from 2026-01-01 to 2026-01-31"
 QString daysText(const PromptInterval& interval);
-
-// Why the diary cannot be read, or nothing; what reads its records would take it for empty.
-std::optional<QString> unreadableDiary();
 
 }  // namespace sanovia

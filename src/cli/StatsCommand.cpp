@@ -1,27 +1,27 @@
 #include "cli/StatsCommand.h"
 
-#include <QFile>
-
 #include "cli/Console.h"
 #include "cli/PromptInterval.h"
 #include "cli/StatsText.h"
-#include "core/foundation/Paths.h"
 #include "core/preferences/Preferences.h"
 
 namespace sanovia {
+namespace {
+
+constexpr const char* kCountVerb = "count";
+
+}  // namespace
 
 int runStats(const StatsOptions& options) {
-  const PromptInterval interval = promptInterval(options.from, options.to);
-  if (const auto wrong = faultOf(interval)) return fail(Failed, *wrong);
-  const QString nothing = QStringLiteral("Nothing to count: the diary is empty %1.").arg(daysText(interval));
-  if (!QFile::exists(Paths::databaseFile())) return fail(NothingToReport, nothing);
-  if (const auto reason = unreadableDiary()) return fail(Failed, *reason);
+  const auto found = readableInterval(options.from, options.to, kCountVerb);
+  if (const int* status = std::get_if<int>(&found)) return *status;
+  const auto& interval = std::get<PromptInterval>(found);
 
   // The window does the same before it shows a norm that follows the height.
   Preferences::fillInMissingDefaults();
   const IntervalSummary summary =
       readSummary(interval.from.date(), interval.to.date(), summaryPersonOfPreferences());
-  if (summary.measures.empty()) return fail(NothingToReport, nothing);
+  if (summary.measures.empty()) return tellNothing(interval, kCountVerb);
   write(stdout, options.asJson ? statsJson(summary) : statsTable(summary).toLocal8Bit());
   return Done;
 }
