@@ -216,7 +216,7 @@ class PagePainter {
 
   // A name that has no room is cut; the interval stays whole.
   QString shortened(const SummaryPlan& plan, double room) const {
-    const QString whole = plan.foot(plan.name);
+    QString whole = plan.foot(plan.name);
     const double tooWide = _text.size(whole, kFootFont).width() - room;
     if (tooWide <= 0) return whole;
     const QFontMetricsF metrics(_text.font(kFootFont));

@@ -40,8 +40,10 @@ class TableDays {
   void merge() {
     // Of the late rows of a date the first one counts, unless one of the others has the date.
     std::ranges::stable_sort(_late, {}, &ExchangeDay::date);
-    const auto again = std::ranges::unique(_late, {}, &ExchangeDay::date);
-    _late.erase(again.begin(), again.end());
+    const auto isSameDay = [](const ExchangeDay& one, const ExchangeDay& other) {
+      return one.date == other.date;
+    };
+    _late.erase(std::unique(_late.begin(), _late.end(), isSameDay), _late.end());
     for (ExchangeDay& late : _late) {
       if (std::ranges::binary_search(_added, late.date, {}, &ExchangeDay::date)) continue;
       const auto place = static_cast<size_t>(
