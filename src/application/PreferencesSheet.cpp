@@ -25,8 +25,15 @@ constexpr int kOK = 1;  // the tag of the button that stores
 constexpr QSize kPickerSize(340, 290);
 const QDate kOldestBirthday(1900, 1, 1);
 
-// At noon, so that the day stays itself when the zone moves west.
-QDateTime atNoon(const QDate& day) { return {day, QTime(12, 0)}; }
+// About noon in Greenwich, as far as it is the same day here: then it is so in nearly every zone, and the day
+// stays itself wherever the person moves.
+QDateTime birthMoment(const QDate& day) {
+  const QDateTime noon(day, QTime(12, 0));
+  const QDateTime moment =
+      qBound(QDateTime(day, QTime(11, 0), Qt::UTC), noon.toUTC(), QDateTime(day, QTime(12, 0), Qt::UTC))
+          .toLocalTime();
+  return moment.date() == day ? moment : noon;
+}
 
 void setColour(QWidget* label, const QColor& colour) {
   label->setStyleSheet(QStringLiteral("color: %1;").arg(colour.name()));
@@ -91,7 +98,7 @@ void PreferencesSheet::checkUserDefaultData() {
   if (birthday.isValid())
     picker->setDateTime(birthday);
   else
-    Preferences::storeBirthday(atNoon(picker->date()));
+    Preferences::storeBirthday(birthMoment(picker->date()));
 }
 
 void PreferencesSheet::showEvent(QShowEvent* event) {
@@ -144,7 +151,7 @@ void PreferencesSheet::buttonPressed(const QObject* sender) {
     }
     const float height = Utils::convertFromInches(_ui->tfHeight->floatValue(), !isMetric());
     const bool isSameMeasure = Preferences::measure() == measure();
-    Preferences::store(_ui->tfName->text(), height, measure(), atNoon(_ui->pbBirthday->date()));
+    Preferences::store(_ui->tfName->text(), height, measure(), birthMoment(_ui->pbBirthday->date()));
     if (!isSameMeasure) NotificationCenter::defaultCenter().post(changeMeasurementsNotification);
   }
   done(tag);
