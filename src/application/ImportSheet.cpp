@@ -83,7 +83,7 @@ ImportSheet::ImportSheet(QWidget* window, const QString& name, QByteArray file)
       addChoice(choices, "import_several", {"import_by_file", "import_mean", "import_first", "import_last"});
   _existing = addChoice(choices, "import_existing", {"import_replace", "import_keep"});
   asked->addLayout(choices);
-  fields()->addWidget(_asked, 1);
+  fields()->addWidget(_asked, 4);
   addLists();
   addButtons();
   walkByTab();
