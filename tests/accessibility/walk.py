@@ -146,10 +146,19 @@ first = chart[0].queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
 pyatspi.Registry.generateMouseEvent(first.x + first.width // 2, first.y + first.height // 2, pyatspi.MOUSE_B1C)
 check("the window is active", lambda: has(app[0], pyatspi.STATE_ACTIVE))
 check("the day that was clicked is selected", lambda: has(chart[0], pyatspi.STATE_SELECTED))
-day = chart[days - 1].queryAction()
-day.doAction([day.getName(i) for i in range(day.nActions)].index("SetFocus"))
+
+
+def focus(day):
+    action = day.queryAction()
+    action.doAction([action.getName(i) for i in range(action.nActions)].index("SetFocus"))
+
+
+focus(chart[days - 1])
 check("the day is selected", lambda: has(chart[days - 1], pyatspi.STATE_SELECTED))
-check("the day's focus is told", lambda: is_told(chart[days - 1].name))
+# A busy desk may drop a word of it: then the focus moves away and back again.
+check("the day's focus is told",
+      lambda: is_told(chart[days - 1].name) or focus(chart[0]) or focus(chart[days - 1]))
+check("the day is selected again", lambda: has(chart[days - 1], pyatspi.STATE_SELECTED))
 press(chart[days - 1])
 element(app, "Appetite minus", lambda found: has(found, pyatspi.STATE_SHOWING))
 press(element(app, "Appetite plus", lambda found: has(found, pyatspi.STATE_SHOWING)))
